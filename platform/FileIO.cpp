@@ -1,0 +1,91 @@
+#include "platform/FileIO.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "platform/CodePages.h"
+#include "platform/OrlError.h"
+
+namespace orl {
+namespace fs = std::filesystem;
+
+fs::path PathFromString(std::u16string_view name) { return fs::path(Utf16ToUtf8(name)); }
+std::u16string StringFromPath(const fs::path& path) { return Utf8ToUtf16(path.string()); }
+
+bool FileExists(const fs::path& path) {
+  std::error_code ec;
+  return fs::is_regular_file(path, ec);
+}
+
+std::string ReadFileBytes(const fs::path& path) {
+  std::error_code ec;
+  if (fs::is_directory(path, ec)) throw EFileError(path, "Cannot open", "it is a folder");
+  std::ifstream in(path, std::ios::binary);
+  if (!in) throw EFileError(path, "Cannot open", std::strerror(errno));
+  std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  if (in.bad()) throw EFileError(path, "Cannot read", std::strerror(errno));
+  return bytes;
+}
+
+std::string ReadFileHead(const fs::path& path, size_t count) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return {};
+  std::string bytes(count, '\0');
+  in.read(bytes.data(), std::streamsize(count));
+  bytes.resize(size_t(in.gcount()));
+  return bytes;
+}
+
+namespace {
+
+void WriteAll(int fd, std::string_view bytes, const fs::path& path) {
+  while (!bytes.empty()) {
+    ssize_t n = ::write(fd, bytes.data(), bytes.size());
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) throw EFileError(path, "Cannot write", std::strerror(errno));
+    bytes.remove_prefix(size_t(n));
+  }
+}
+
+// A replaced file keeps its permissions; a new one gets the usual defaults.
+void CopyModeOf(const fs::path& target, int fd) {
+  struct stat st {};
+  if (::stat(target.c_str(), &st) == 0) ::fchmod(fd, st.st_mode & 07777);
+  else {
+    mode_t mask = ::umask(0);
+    ::umask(mask);
+    ::fchmod(fd, 0666 & ~mask);
+  }
+}
+
+} // namespace
+
+void WriteFileAtomic(const fs::path& path, std::string_view bytes) {
+  const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+  std::string pattern = (folder / ("." + path.filename().string() + ".tmpXXXXXX")).string();
+  int fd = ::mkstemp(pattern.data());
+  if (fd < 0) throw EFileError(path, "Cannot write", std::strerror(errno));
+  const fs::path temp(pattern);
+  try {
+    CopyModeOf(path, fd);
+    WriteAll(fd, bytes, path);
+    if (::fsync(fd) != 0) throw EFileError(path, "Cannot write", std::strerror(errno));
+    if (::close(fd) != 0) {
+      fd = -1;
+      throw EFileError(path, "Cannot write", std::strerror(errno));
+    }
+    fd = -1;
+    if (::rename(temp.c_str(), path.c_str()) != 0) throw EFileError(path, "Cannot write", std::strerror(errno));
+  } catch (...) {
+    if (fd >= 0) ::close(fd);
+    ::unlink(temp.c_str());
+    throw;
+  }
+}
+
+} // namespace orl

@@ -1,0 +1,26 @@
+#pragma once
+// Whole-file reads and crash-safe writes, and the bridge between the UTF-16
+// file names the design carries and native paths.
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace orl {
+
+std::filesystem::path PathFromString(std::u16string_view name);
+std::u16string StringFromPath(const std::filesystem::path& path);
+
+/// True when `name` names an existing regular file (not a folder).
+bool FileExists(const std::filesystem::path& path);
+
+/// The whole file; raises EFileError naming the path when it cannot be read.
+std::string ReadFileBytes(const std::filesystem::path& path);
+/// At most `count` bytes from the start; an empty result for a missing file.
+std::string ReadFileHead(const std::filesystem::path& path, size_t count);
+
+/// Writes a temporary file beside `path` and renames it over `path`, so a
+/// failure midway leaves the previous file as it was. Raises EFileError.
+void WriteFileAtomic(const std::filesystem::path& path, std::string_view bytes);
+
+} // namespace orl

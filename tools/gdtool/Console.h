@@ -1,0 +1,27 @@
+#pragma once
+// Output and argument helpers shared by the commands of gdtool.
+
+#include <filesystem>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace gdtool {
+
+/// UTF-16 text as the terminal's UTF-8.
+std::string Out(std::u16string_view text);
+
+/// Exit codes of every command.
+enum TExit { exOk = 0, exProblems = 1, exUnusable = 2 };
+
+/// True when `args` asks for help.
+bool WantsHelp(const std::vector<std::string>& args);
+
+int RunCheck(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunResave(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+extern const char* const kCheckHelp;
+extern const char* const kResaveHelp;
+
+} // namespace gdtool
