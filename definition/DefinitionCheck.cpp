@@ -8,18 +8,13 @@
 #include "definition/DefinitionFormat.h"
 #include "definition/DefinitionItems.h"
 #include "definition/DefinitionPages.h"
+#include "platform/Blanks.h"
 #include "platform/CodePages.h"
 #include "platform/Collation.h"
 #include "platform/FileIO.h"
 
 namespace orl {
 namespace {
-
-std::u16string_view Trimmed(std::u16string_view s) {
-  while (!s.empty() && s.front() <= u' ') s.remove_prefix(1);
-  while (!s.empty() && s.back() <= u' ') s.remove_suffix(1);
-  return s;
-}
 
 std::string Narrow(std::u16string_view s) { return Utf16ToUtf8(s); }
 
@@ -63,7 +58,7 @@ private:
     }
     if (line.front() == u';') return;
     if (line.size() >= 2 && line.front() == u'[' && line.back() == u']') {
-      OpenSection(number, std::u16string(Trimmed(std::u16string_view(line).substr(1, line.size() - 2))), known);
+      OpenSection(number, std::u16string(TrimBlanks(std::u16string_view(line).substr(1, line.size() - 2))), known);
       return;
     }
     if (FSections.empty()) {
@@ -81,7 +76,7 @@ private:
       return;
     }
     FSections.back().Keys.push_back(
-        {number, std::u16string(Trimmed(std::u16string_view(line).substr(0, eq))), line.substr(eq + 1)});
+        {number, std::u16string(TrimBlanks(std::u16string_view(line).substr(0, eq))), line.substr(eq + 1)});
   }
 
   void OpenSection(int number, std::u16string name, std::span<const std::u16string_view> known) {

@@ -1,15 +1,10 @@
 #include "definition/DefinitionItems.h"
 
 #include "definition/DefinitionFormat.h"
+#include "platform/Blanks.h"
 
 namespace orl {
 namespace {
-
-std::u16string_view TrimView(std::u16string_view s) {
-  while (!s.empty() && s.front() <= u' ') s.remove_prefix(1);
-  while (!s.empty() && s.back() <= u' ') s.remove_suffix(1);
-  return s;
-}
 
 std::u16string StoredToLineBreaks(std::u16string_view s) {
   std::u16string out(s);
@@ -46,7 +41,7 @@ TCompletionItem ParseCompletionItem(std::u16string_view item) {
   const size_t plus = item.find(u'+', textStart);
   result.InsertText = StoredToLineBreaks(item.substr(textStart, plus == std::u16string_view::npos ? item.npos : plus - textStart));
   if (plus != std::u16string_view::npos) {
-    const std::u16string_view letter = TrimView(item.substr(plus + 1));
+    const std::u16string_view letter = TrimBlanks(item.substr(plus + 1));
     if (!letter.empty()) result.ImageLetter = letter.back();
   }
   return result;
@@ -93,7 +88,7 @@ TUserMenuEntry SplitUserMenuEntry(std::u16string_view value) {
   const size_t plus = rest.rfind(u'+');
   entry.InsertText = StoredToLineBreaks(rest.substr(0, plus));
   if (plus != std::u16string_view::npos) {
-    const std::u16string_view letter = TrimView(rest.substr(plus + 1));
+    const std::u16string_view letter = TrimBlanks(rest.substr(plus + 1));
     if (!letter.empty()) entry.ImageLetter = letter.front();
   }
   entry.ImageIndex = ImageIndexOfLetter(entry.ImageLetter);

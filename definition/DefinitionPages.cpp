@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "definition/DefinitionFormat.h"
+#include "definition/DefinitionItems.h"
 #include "platform/CharCase.h"
 #include "platform/FileIO.h"
 
@@ -85,19 +86,12 @@ void WriteRules(TMemIniFile& store, std::u16string_view section, std::span<const
   }
 }
 
-std::vector<std::u16string> SectionValues(TMemIniFile& store, std::u16string_view section) {
-  TStringList lines;
-  store.ReadSectionValues(section, lines);
-  std::vector<std::u16string> values;
-  for (int i = 0; i < lines.Count(); ++i) values.push_back(lines.ValueFromIndex(i));
-  return values;
-}
-
-std::vector<std::u16string> SectionLinesOf(TMemIniFile& store, std::u16string_view section) {
+// The lines of a section, whole or only their values.
+std::vector<std::u16string> SectionLinesOf(TMemIniFile& store, std::u16string_view section, bool bValuesOnly) {
   TStringList lines;
   store.ReadSectionValues(section, lines);
   std::vector<std::u16string> result;
-  for (int i = 0; i < lines.Count(); ++i) result.push_back(lines.Strings(i));
+  for (int i = 0; i < lines.Count(); ++i) result.push_back(bValuesOnly ? lines.ValueFromIndex(i) : lines.Strings(i));
   return result;
 }
 
@@ -106,18 +100,6 @@ void SetSectionFrom(TMemIniFile& store, std::u16string_view section, const std::
   TStringList list;
   for (const std::u16string& line : lines) list.Add(line);
   store.SetSection(section, list, bAddKey);
-}
-
-std::vector<std::u16string> SplitExtensions(std::u16string_view value) {
-  std::vector<std::u16string> extensions;
-  size_t start = 0;
-  while (start < value.size()) {
-    size_t bar = value.find(u'|', start);
-    if (bar == std::u16string_view::npos) bar = value.size();
-    if (bar > start) extensions.emplace_back(value.substr(start, bar - start));
-    start = bar + 1;
-  }
-  return extensions;
 }
 
 std::u16string JoinExtensions(const std::vector<std::u16string>& extensions) {
@@ -182,11 +164,11 @@ TDefinitionPages ReadDefinitionPages(TMemIniFile& gdx, TMemIniFile& ini) {
   pages.Blocks = ReadRules(gdx, sections::Block, BlockKeys(), kBlockFields);
   pages.Folds = ReadRules(gdx, sections::Fold, FoldKeys(), kFoldFields);
   pages.MultiHighlight = ReadGrid(ini, sections::MultiHighlight, MultiHighlightKeys());
-  pages.Info = SectionValues(ini, sections::Comment);
+  pages.Info = SectionLinesOf(ini, sections::Comment, true);
   if (pages.Info.size() <= 1) pages.Info = InfoTemplate();
-  pages.Hints = SectionLinesOf(ini, sections::Hints);
-  pages.Sample = SectionValues(ini, sections::Sample);
-  pages.FileExtensions = SplitExtensions(gdx.ReadString(sections::StandardExtensions, kExtensionsKey, u""));
+  pages.Hints = SectionLinesOf(ini, sections::Hints, false);
+  pages.Sample = SectionLinesOf(ini, sections::Sample, true);
+  pages.FileExtensions = SplitWords(gdx.ReadString(sections::StandardExtensions, kExtensionsKey, u""));
   return pages;
 }
 

@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "definition/OrlIniFiles.h"
+#include "platform/Blanks.h"
 #include "platform/CodePages.h"
 #include "platform/Collation.h"
 #include "platform/FileIO.h"
@@ -8,14 +9,7 @@
 namespace orl {
 namespace {
 
-bool IsBlank(char16_t c) { return c <= u' '; }
-
-std::u16string Trim(std::u16string_view s) {
-  size_t b = 0, e = s.size();
-  while (b < e && IsBlank(s[b])) ++b;
-  while (e > b && IsBlank(s[e - 1])) --e;
-  return std::u16string(s.substr(b, e - b));
-}
+std::u16string Trim(std::u16string_view s) { return std::u16string(TrimBlanks(s)); }
 
 // Each header is its own section, also when the name was seen before.
 bool IsSectionHeader(std::u16string_view line) { return line.size() >= 2 && line.front() == u'[' && line.back() == u']'; }

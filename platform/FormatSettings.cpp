@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "platform/Blanks.h"
 #include "platform/CodePages.h"
 
 namespace orl {
@@ -12,12 +13,6 @@ namespace {
 
 constexpr int kDaysFrom1899To1970 = 25569;
 constexpr double kMsecPerDay = 86400000.0;
-
-std::u16string_view Trimmed(std::u16string_view s) {
-  while (!s.empty() && s.front() <= u' ') s.remove_prefix(1);
-  while (!s.empty() && s.back() <= u' ') s.remove_suffix(1);
-  return s;
-}
 
 // Reads up to `maxDigits` digits at `pos`; false when there is none.
 bool ReadNumber(std::u16string_view s, size_t& pos, int maxDigits, int& value) {
@@ -50,7 +45,7 @@ const TFormatSettings& SystemFormatSettings() {
 }
 
 bool TryStrToFloat(std::u16string_view text, double& value) {
-  text = Trimmed(text);
+  text = TrimBlanks(text);
   if (text.empty() || text.size() > 64) return false;
   std::string ascii;
   for (char16_t c : text) {
@@ -84,7 +79,7 @@ TDateTime EncodeTime(int hour, int minute, int second, int msec) {
 }
 
 bool TryStrToDate(std::u16string_view text, TDateTime& value) {
-  text = Trimmed(text);
+  text = TrimBlanks(text);
   const char16_t sep = SystemFormatSettings().DateSeparator;
   size_t pos = 0;
   int y, m, d;
@@ -99,7 +94,7 @@ bool TryStrToDate(std::u16string_view text, TDateTime& value) {
 }
 
 bool TryStrToTime(std::u16string_view text, TDateTime& value) {
-  text = Trimmed(text);
+  text = TrimBlanks(text);
   const char16_t sep = SystemFormatSettings().TimeSeparator;
   size_t pos = 0;
   int h, mi, s = 0;
@@ -111,7 +106,7 @@ bool TryStrToTime(std::u16string_view text, TDateTime& value) {
 }
 
 bool TryStrToDateTime(std::u16string_view text, TDateTime& value) {
-  text = Trimmed(text);
+  text = TrimBlanks(text);
   const size_t blank = text.find(u' ');
   if (blank == std::u16string_view::npos) return TryStrToDate(text, value) || TryStrToTime(text, value);
   TDateTime date, time;
