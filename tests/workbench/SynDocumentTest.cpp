@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+
+#include "ScriptedUi.h"
+#include "TempFolder.h"
+#include "definition/DefinitionFormat.h"
+#include "platform/FileIO.h"
+#include "platform/OrlError.h"
+#include "workbench/SynDocument.h"
+
+using namespace orl;
+namespace fs = std::filesystem;
+
+namespace {
+
+class SynDocumentTest : public ::testing::Test {
+protected:
+  SynDocumentTest() {
+    fs::create_directories(FHostDir / "syntax" / "User defined");
+    FHost.HostFolder = FHostDir.Path();
+    FDocument = std::make_unique<TSynDocument>(FHost, FUi);
+  }
+
+  fs::path UserFile(const char* name) const { return FHostDir / "syntax" / "User defined" / name; }
+
+  /// A definition on disk with one option set.
+  fs::path MakeDefinition(const char* name) {
+    const fs::path file = FHostDir / "syntax" / name;
+    test::WriteBytes(file, ";{}\r\n\r\n[Options]\r\nLineCommentA=//\r\n\r\n");
+    return file;
+  }
+
+  void Edit() {
+    FDocument->Pages().SyntaxOptions[0] = u"#";
+    FDocument->SetModified();
+  }
+
+  test::TTempFolder FHostDir;
+  THostEnvironment FHost;
+  test::TScriptedUi FUi;
+  std::unique_ptr<TSynDocument> FDocument;
+};
+
+} // namespace
+
+TEST_F(SynDocumentTest, SaveAsOnANewDocumentThenSaveWritesWithoutAsking) {
+  FDocument->FileNew();
+  EXPECT_TRUE(FDocument->Modified());
+  EXPECT_EQ(FDocument->StatusText(0), u"*New");
+  FUi.Files.push_back(UserFile("Mine.gdx"));
+  FDocument->FileSave();  // no name yet: Save As
+  EXPECT_EQ(FDocument->CurrentFileName(), UserFile("Mine.gdx"));
+  EXPECT_FALSE(FDocument->Modified());
+  EXPECT_EQ(FDocument->Caption(), u"Orl GrammarDesk - Mine");
+  Edit();
+  FDocument->FileSave();
+  EXPECT_EQ(FUi.Dialogs.size(), 1u);
+  EXPECT_EQ(FDocument->StatusText(1), u"Saved!");
+  TMemIniFile saved(StringFromPath(UserFile("Mine.gdx")));
+  EXPECT_EQ(saved.ReadString(sections::Options, u"LineCommentA", u""), u"#");
+  // The entry went to the user's list, since the folder is the user's folder.
+  TMemIniFile userList(StringFromPath(UserFile("_list.ver")));
+  EXPECT_EQ(userList.ReadString(u"Mine", u"Version", u""), u"1000");
+}
+
+TEST_F(SynDocumentTest, SaveQuestionsFollowTheDocumentsName) {
+  FDocument->FileNew();
+  FUi.Answers = {TMsgResult::mrYes};  // at 204, then cancel the Save As dialog
+  FUi.Files = {std::nullopt};
+  FDocument->FileClose();             // goes on without saving
+  EXPECT_FALSE(FDocument->HasDocument());
+  EXPECT_FALSE(FDocument->PagesEnabled());
+  ASSERT_EQ(FUi.Asked.size(), 1u);
+  EXPECT_NE(FUi.Asked[0].find(u"new syntax definition"), std::u16string::npos);
+
+  FDocument->FileNew();
+  FUi.Files = {FHostDir / "syntax" / "Named.gdx"};
+  FDocument->FileSaveAs();
+  Edit();
+  FUi.Answers = {TMsgResult::mrNo};
+  FDocument->FileClose();
+  ASSERT_EQ(FUi.Asked.size(), 2u);
+  EXPECT_NE(FUi.Asked[1].find(u"has been modified"), std::u16string::npos);
+}
+
+TEST_F(SynDocumentTest, CancelLeavesTheModifiedDocumentAsItWas) {
+  FUi.Files = {MakeDefinition("A.gdx")};
+  FDocument->FileOpen();
+  EXPECT_EQ(FDocument->Pages().SyntaxOptions[0], u"//");
+  Edit();
+  const int reloads = FUi.Reloads;
+  FUi.Answers = {TMsgResult::mrCancel};
+  FDocument->FileOpen();
+  FDocument->FileNew();
+  FUi.Answers = {TMsgResult::mrCancel};
+  EXPECT_FALSE(FDocument->CanClose());
+  EXPECT_EQ(FUi.Dialogs.size(), 1u);
+  EXPECT_EQ(FUi.Reloads, reloads);
+  EXPECT_TRUE(FDocument->Modified());
+  EXPECT_EQ(FDocument->Pages().SyntaxOptions[0], u"#");
+  EXPECT_EQ(FDocument->CurrentFileName(), FHostDir / "syntax" / "A.gdx");
+}
+
+TEST_F(SynDocumentTest, CommandLineOpensExistingFilesAndShowsTheLast) {
+  const fs::path a = MakeDefinition("A.gdx"), b = MakeDefinition("B.gdx");
+  FDocument->ProcessCommandLine({(FHostDir / "missing.gdx").string()});
+  EXPECT_FALSE(FDocument->HasDocument());
+  FDocument->ProcessCommandLine({a.string(), (FHostDir / "missing.gdx").string(), b.string()});
+  EXPECT_EQ(FDocument->CurrentFileName(), b);
+  EXPECT_EQ(FDocument->Caption(), u"Orl GrammarDesk - B");
+  EXPECT_EQ(FDocument->StatusText(0), u"B.gdx");
+  EXPECT_TRUE(FDocument->PagesEnabled());
+  EXPECT_FALSE(FDocument->Modified());
+}
+
+TEST_F(SynDocumentTest, VersionListIsChosenByTheExactFolder) {
+  fs::create_directories(FHostDir / "syntax" / "user defined");
+  FDocument->FileNew();
+  FDocument->Pages().Version.Author = u"Me";
+  FUi.Files = {FHostDir / "syntax" / "user defined" / "X.gdx"};
+  FDocument->FileSaveAs();
+  TMemIniFile hostList(StringFromPath(FHostDir / "syntax" / "_list.ver"));
+  EXPECT_EQ(hostList.ReadString(u"X", u"Author", u""), u"Me");
+  EXPECT_FALSE(FileExists(UserFile("_list.ver")));
+
+  FUi.Files = {UserFile("X.gdx")};
+  FDocument->FileOpen();
+  EXPECT_EQ(FDocument->Pages().Version.Author, u"<Name>");
+  EXPECT_EQ(FDocument->Pages().Version.Date, u"2009-01-01");
+}
+
+TEST_F(SynDocumentTest, FailuresKeepStateAndLeaveNoHalfOpenDocument) {
+  FUi.Files = {MakeDefinition("A.gdx")};
+  FDocument->FileOpen();
+  Edit();
+  FUi.Files = {FHostDir / "no such folder" / "A.gdx"};
+  EXPECT_THROW(FDocument->FileSaveAs(), EFileError);
+  EXPECT_TRUE(FDocument->Modified());
+  EXPECT_EQ(FDocument->CurrentFileName(), FHostDir / "syntax" / "A.gdx");
+
+  test::WriteBytes(FHostDir / "Old.gdx", "[Old layout]\r\n");
+  FUi.Answers = {TMsgResult::mrNo};
+  FUi.Files = {FHostDir / "Old.gdx"};
+  EXPECT_THROW(FDocument->FileOpen(), EOlderLayout);
+  EXPECT_FALSE(FDocument->HasDocument());
+  EXPECT_FALSE(FDocument->PagesEnabled());
+  EXPECT_TRUE(FDocument->CurrentFileName().empty());
+  FDocument->FileSave();  // nothing to save: no crash, no dialog
+  EXPECT_EQ(FUi.Dialogs.size(), 3u);
+}
+
+TEST_F(SynDocumentTest, CrashDataBringsTheDocumentBackUnderItsOwnName) {
+  const fs::path a = MakeDefinition("A.gdx");
+  FUi.Files = {a};
+  FDocument->FileOpen();
+  Edit();
+  FDocument->Pages().Sample = {u"unsaved sample"};
+  FDocument->SaveRecovery();
+  EXPECT_TRUE(FileExists(FDocument->CrashDataFile(".ini")));
+
+  test::TScriptedUi restartedUi;
+  TSynDocument restarted(FHost, restartedUi);
+  restarted.ProcessCommandLine({"/RESTART"});
+  EXPECT_EQ(restarted.CurrentFileName(), a);
+  EXPECT_FALSE(restarted.Modified());
+  EXPECT_EQ(restarted.Caption(), u"Orl GrammarDesk - A");
+  EXPECT_EQ(restarted.Pages().SyntaxOptions[0], u"#");
+  EXPECT_EQ(restarted.Pages().Sample, std::vector<std::u16string>{u"unsaved sample"});
+  EXPECT_FALSE(FileExists(restarted.CrashDataFile(".gdx")));
+  TMemIniFile original(StringFromPath(a));
+  EXPECT_EQ(original.ReadString(sections::Options, u"LineCommentA", u""), u"//");
+
+  // No document at the crash: no crash data, and the restart shows no document.
+  TSynDocument empty(FHost, restartedUi);
+  empty.SaveRecovery();
+  TSynDocument third(FHost, restartedUi);
+  third.ProcessCommandLine({"/RESTART"});
+  EXPECT_FALSE(third.HasDocument());
+}

@@ -1,0 +1,259 @@
+#include "workbench/SynDocument.h"
+
+#include "definition/DefinitionFormat.h"
+#include "platform/CodePages.h"
+#include "platform/FileIO.h"
+#include "platform/OrlError.h"
+
+namespace orl {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::u16string_view kClearedStatus = u"Press \"New\" or \"Open\" a file to edit!";
+
+// Runtime texts have no fallback in the language file's scheme; a missing
+// language file must still not leave a question box empty.
+constexpr std::u16string_view kText202 = u"Open a syntax definition or create a new one.";
+constexpr std::u16string_view kText203 = u"The syntax definition has been modified. Save the changes?";
+constexpr std::u16string_view kText204 = u"The new syntax definition has not been saved. Save it now?";
+
+class TWaitCursor {
+public:
+  explicit TWaitCursor(IWorkbenchUi& ui) : FUi(ui) { FUi.SetWaitCursor(true); }
+  ~TWaitCursor() { FUi.SetWaitCursor(false); }
+
+private:
+  IWorkbenchUi& FUi;
+};
+
+std::u16string FileNameOnly(const fs::path& path) { return StringFromPath(path.filename()); }
+
+} // namespace
+
+TSynDocument::TSynDocument(THostEnvironment& host, IWorkbenchUi& ui)
+    : FHost(host), FUi(ui), FVersionLists(host.HostFolder) {
+  FCaption = FHost.Language.GrammarDesk(u"000", u"Orl GrammarDesk");
+  FStatus[0] = FHost.Language.GrammarDesk(u"202", kText202);
+}
+
+TSynDocument::~TSynDocument() = default;
+
+void TSynDocument::UpdateCaption() {
+  FCaption = FHost.Language.GrammarDesk(u"000", u"Orl GrammarDesk");
+  if (!CurrentFileNameValue.empty()) FCaption += u" - " + BaseNameOf(CurrentFileNameValue);
+  FUi.StateChanged();
+}
+
+void TSynDocument::SetStatus(std::u16string pane1, std::u16string pane2) {
+  FStatus = {std::move(pane1), std::move(pane2)};
+  FUi.StateChanged();
+}
+
+void TSynDocument::SetModified() {
+  FModified = true;
+  FStatus[1] = u"Modified";
+  FUi.StateChanged();
+}
+
+bool TSynDocument::ConfirmSave() {
+  if (!FModified) return true;
+  const bool bHasName = !CurrentFileNameValue.empty();
+  const std::u16string question =
+      bHasName ? FHost.Language.GrammarDesk(u"203", kText203) : FHost.Language.GrammarDesk(u"204", kText204);
+  switch (FUi.MessageBox(question, TMsgButtons::mbYesNoCancel)) {
+  case TMsgResult::mrCancel: return false;
+  case TMsgResult::mrYes:
+    if (bHasName) FileSave();
+    else FileSaveAs();  // its own Cancel does not stop the caller
+    return true;
+  default: return true;
+  }
+}
+
+void TSynDocument::ClearDocument() {
+  FPages = TDefinitionPages();
+  FSynGdx.reset();
+  FSynIni.reset();
+  FModified = false;
+  FCaption = FHost.Language.GrammarDesk(u"000", u"Orl GrammarDesk");
+  FUi.PagesReloaded();
+  SetStatus(std::u16string(kClearedStatus), u"");
+}
+
+void TSynDocument::EnablePages(bool bEnabled) {
+  FPagesEnabled = bEnabled;
+  FUi.StateChanged();
+}
+
+void TSynDocument::SetActivePage(int page) {
+  if (page < 0 || page >= kMainPageCount) return;
+  FActivePage = page;
+  FUi.StateChanged();
+}
+
+void TSynDocument::LoadDefinition(const fs::path& fileName, const fs::path& recoverName) {
+  TWaitCursor wait(FUi);
+  TDefinitionStores stores = LoadDefinitionStores(fileName);
+  FPages = ReadDefinitionPages(*stores.Gdx, *stores.Ini);
+  FSynGdx = std::move(stores.Gdx);
+  FSynIni = std::move(stores.Ini);
+  // A restored document shows the version entry of its own name, not the crash file's.
+  const fs::path shownName = recoverName.empty() ? fileName : recoverName;
+  FPages.Version = ReadVersionInfo(FVersionLists.ListFor(shownName), BaseNameOf(shownName), kLoadingDateDefault);
+  if (!recoverName.empty()) CurrentFileNameValue = recoverName;
+  FModified = false;
+  FActivePage = mpOptions;
+  FUi.PagesReloaded();
+  SetStatus(FileNameOnly(shownName), u"");
+}
+
+void TSynDocument::LoadVersionInfo(std::u16string_view baseName) {
+  FPages.Version = ReadVersionInfo(FVersionLists.ListFor(CurrentFileNameValue), baseName, TVersionInfo().Date);
+  FUi.PagesReloaded();
+}
+
+void TSynDocument::SaveDefinition(const fs::path& fileName, bool bRecovery) {
+  if (!HasDocument()) return;
+  if (bRecovery) {
+    SaveDefinitionFiles(FPages, *FSynGdx, *FSynIni, fileName, true);
+    return;
+  }
+  TWaitCursor wait(FUi);
+  SaveDefinitionFiles(FPages, *FSynGdx, *FSynIni, fileName, false);
+  TMemIniFile& list = FVersionLists.ListFor(fileName);
+  WriteVersionInfo(list, BaseNameOf(fileName), FPages.Version);
+  list.UpdateFile();
+  FModified = false;
+  SetStatus(FileNameOnly(fileName), u"Saved!");
+}
+
+TFileDialogOptions TSynDocument::DefinitionDialog(const fs::path& fileName) const {
+  return {u"Syntax Files (*.gdx)", u"*.gdx", u"gdx", FHost.UserSyntaxFolder(), fileName};
+}
+
+void TSynDocument::FileNew() {
+  if (!ConfirmSave()) return;
+  EnablePages(true);
+  CurrentFileNameValue.clear();
+  ClearDocument();
+  FSynGdx = std::make_unique<TMemIniFile>();
+  FSynIni = std::make_unique<TMemIniFile>();
+  FActivePage = mpOptions;
+  SetModified();
+  SetStatus(u"*New", FStatus[1]);
+}
+
+// A file that cannot be loaded leaves no half-open document behind.
+void TSynDocument::OpenFile(const fs::path& fileName) {
+  EnablePages(true);
+  ClearDocument();
+  CurrentFileNameValue = fileName;
+  try {
+    LoadDefinition(fileName, {});
+  } catch (...) {
+    DropDocument();
+    throw;
+  }
+  UpdateCaption();
+}
+
+void TSynDocument::DropDocument() {
+  CurrentFileNameValue.clear();
+  ClearDocument();
+  EnablePages(false);
+  UpdateCaption();
+}
+
+void TSynDocument::FileOpen() {
+  if (!ConfirmSave()) return;
+  const std::optional<fs::path> name = FUi.OpenDialog(DefinitionDialog({}));
+  if (!name) return;
+  OpenFile(*name);
+  LoadVersionInfo(BaseNameOf(*name));
+}
+
+void TSynDocument::FileSave() {
+  if (CurrentFileNameValue.empty()) FileSaveAs();
+  else SaveDefinition(CurrentFileNameValue, false);
+}
+
+void TSynDocument::FileSaveAs() {
+  if (!HasDocument()) return;
+  const std::optional<fs::path> name = FUi.SaveDialog(DefinitionDialog(CurrentFileNameValue));
+  if (!name) return;
+  SaveDefinition(*name, false);
+  CurrentFileNameValue = *name;
+  UpdateCaption();
+}
+
+void TSynDocument::FileClose() {
+  if (!ConfirmSave()) return;
+  CurrentFileNameValue.clear();
+  ClearDocument();
+  EnablePages(false);
+  UpdateCaption();
+}
+
+bool TSynDocument::CanClose() { return ConfirmSave(); }
+
+void TSynDocument::RecentFileClick(std::u16string_view caption) {
+  const size_t blank = caption.find(u' ');
+  const fs::path name = PathFromString(blank == std::u16string_view::npos ? std::u16string_view() : caption.substr(blank + 1));
+  if (!FileExists(name) || !ConfirmSave()) return;
+  OpenFile(name);
+}
+
+void TSynDocument::ProcessCommandLine(const std::vector<std::string>& arguments) {
+  if (!arguments.empty() && arguments.front().starts_with("/RESTART")) {
+    RestoreRecovery();
+    return;
+  }
+  for (const std::string& argument : arguments) {
+    if (!FileExists(argument)) continue;
+    try {
+      OpenFile(argument);
+    } catch (const EOrlError& e) {
+      FUi.MessageBox(Utf8ToUtf16(e.what()), TMsgButtons::mbOk);
+    }
+  }
+}
+
+fs::path TSynDocument::CrashDataFile(std::string_view extension) const {
+  return FHost.CrashDataFolder() / ("GrammarDeskCrashData" + std::string(extension));
+}
+
+void TSynDocument::SaveRecovery() {
+  std::error_code ec;
+  if (!HasDocument()) {
+    // Nothing to save: no stale crash data may come back at the restart.
+    for (const char* extension : {".txt", ".gdx", ".ini"}) fs::remove(CrashDataFile(extension), ec);
+    return;
+  }
+  fs::create_directories(FHost.CrashDataFolder(), ec);
+  TStringList line;
+  line.Add(StringFromPath(CurrentFileNameValue));
+  line.SaveToFile(CrashDataFile(".txt"));
+  SaveDefinition(CrashDataFile(".gdx"), true);
+}
+
+void TSynDocument::RestoreRecovery() {
+  if (!FileExists(CrashDataFile(".txt")) || !FileExists(CrashDataFile(".gdx"))) return;
+  TStringList lines;
+  lines.LoadFromFile(CrashDataFile(".txt"), SystemAnsiCodePage());
+  const fs::path ownName = PathFromString(lines.Strings(0));
+  EnablePages(true);
+  ClearDocument();
+  CurrentFileNameValue.clear();
+  try {
+    LoadDefinition(CrashDataFile(".gdx"), ownName);
+  } catch (...) {
+    DropDocument();
+    throw;
+  }
+  UpdateCaption();
+  std::error_code ec;
+  for (const char* extension : {".txt", ".gdx", ".ini"}) fs::remove(CrashDataFile(extension), ec);
+}
+
+} // namespace orl

@@ -1,0 +1,98 @@
+#pragma once
+// The document of the workbench: a definition's two stores, what its pages
+// hold while it is edited, and the file commands that create, load, save,
+// close and restore it. Headless: the main form shows it and forwards edits.
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "definition/DefinitionPages.h"
+#include "definition/OrlIniFiles.h"
+#include "definition/VersionList.h"
+#include "workbench/HostEnvironment.h"
+#include "workbench/WorkbenchUi.h"
+
+namespace orl {
+
+/// Main pages in tab order.
+enum TMainPage { mpOptions, mpKeywords, mpTags, mpUserMenu, mpClassCompletion, mpTagCompletion, mpHints, mpSample,
+                 mpAuthor, kMainPageCount };
+
+class TSynDocument {
+public:
+  TSynDocument(THostEnvironment& host, IWorkbenchUi& ui);
+  ~TSynDocument();
+
+  // --- state ---------------------------------------------------------------
+  bool HasDocument() const { return FSynGdx != nullptr; }
+  bool Modified() const { return FModified; }
+  const std::filesystem::path& CurrentFileName() const { return CurrentFileNameValue; }
+  TMemIniFile* SynGdx() { return FSynGdx.get(); }
+  TMemIniFile* SynIni() { return FSynIni.get(); }
+  /// What the pages hold; the form writes edits here and calls SetModified.
+  TDefinitionPages& Pages() { return FPages; }
+  bool PagesEnabled() const { return FPagesEnabled; }
+  int ActivePage() const { return FActivePage; }
+  const std::u16string& Caption() const { return FCaption; }
+  const std::u16string& StatusText(int pane) const { return FStatus[size_t(pane)]; }
+  TVersionLists& VersionLists() { return FVersionLists; }
+  const THostEnvironment& Host() const { return FHost; }
+
+  // --- operations the pages use -------------------------------------------
+  void SetModified();
+  /// False when the user cancels; otherwise the document may be replaced.
+  bool ConfirmSave();
+  void ClearDocument();
+  void EnablePages(bool bEnabled);
+  void LoadDefinition(const std::filesystem::path& fileName, const std::filesystem::path& recoverName);
+  void SaveDefinition(const std::filesystem::path& fileName, bool bRecovery);
+  void LoadVersionInfo(std::u16string_view baseName);
+  void SetActivePage(int page);
+
+  // --- file commands --------------------------------------------------------
+  void FileNew();
+  void FileOpen();
+  void FileSave();
+  void FileSaveAs();
+  void FileClose();
+  /// The closing question of the form: true when it may close.
+  bool CanClose();
+  /// A recent-file menu entry: everything up to its first blank is dropped.
+  void RecentFileClick(std::u16string_view caption);
+  /// Opens a file as the Open command does after its dialog.
+  void OpenFile(const std::filesystem::path& fileName);
+
+  // --- start and recovery ---------------------------------------------------
+  /// The command line: `/RESTART`, or files to open (the last one shown).
+  void ProcessCommandLine(const std::vector<std::string>& arguments);
+  /// Writes the crash data; runs on the recovery thread.
+  void SaveRecovery();
+  /// Reopens the document from the crash data under its own name.
+  void RestoreRecovery();
+
+  std::filesystem::path CrashDataFile(std::string_view extension) const;
+
+private:
+  TFileDialogOptions DefinitionDialog(const std::filesystem::path& fileName) const;
+  void UpdateCaption();
+  void SetStatus(std::u16string pane1, std::u16string pane2);
+  void DropDocument();
+
+  THostEnvironment& FHost;
+  IWorkbenchUi& FUi;
+  TVersionLists FVersionLists;
+  std::unique_ptr<TMemIniFile> FSynGdx;
+  std::unique_ptr<TMemIniFile> FSynIni;
+  TDefinitionPages FPages;
+  bool FModified = false;
+  bool FPagesEnabled = false;
+  int FActivePage = mpOptions;
+  std::filesystem::path CurrentFileNameValue;
+  std::u16string FCaption;
+  std::array<std::u16string, 2> FStatus;
+};
+
+} // namespace orl
