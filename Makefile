@@ -3,7 +3,7 @@ BUILD ?= build
 JOBS  ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build run test bench clean
+.PHONY: all deps configure build run check-definitions test bench clean
 
 all: build
 
@@ -17,6 +17,9 @@ build: configure
 	@cmake --build $(BUILD) -j $(JOBS)
 
 run: build
+	@$(BUILD)/host/GrammarDesk/grammardesk "$(BUILD)/host/syntax/C++.gdx"
+
+check-definitions: build
 	@$(BUILD)/tools/gdtool/gdtool check $(BUILD)/host/syntax/*.gdx
 
 test: build

@@ -124,7 +124,26 @@ void WriteMultiHighlight(TMemIniFile& ini, const std::vector<std::u16string>& ce
   }
 }
 
+template <typename TRule, size_t N>
+std::u16string CellText(const TRule& rule, int row, const std::array<TField<TRule>, N>& fields) {
+  if (row < 0 || size_t(row) >= N) return {};
+  if (auto text = std::get_if<std::u16string TRule::*>(&fields[size_t(row)])) return rule.*(*text);
+  return rule.*std::get<bool TRule::*>(fields[size_t(row)]) ? u"Yes" : u"No";
+}
+
+template <typename TRule, size_t N>
+void SetCell(TRule& rule, int row, std::u16string_view text, const std::array<TField<TRule>, N>& fields) {
+  if (row < 0 || size_t(row) >= N) return;
+  if (auto field = std::get_if<std::u16string TRule::*>(&fields[size_t(row)])) rule.*(*field) = text;
+  else rule.*std::get<bool TRule::*>(fields[size_t(row)]) = text == kYes;
+}
+
 } // namespace
+
+std::u16string RuleCellText(const TBlockObject& rule, int row) { return CellText(rule, row, kBlockFields); }
+std::u16string RuleCellText(const TFoldObject& rule, int row) { return CellText(rule, row, kFoldFields); }
+void SetRuleCell(TBlockObject& rule, int row, std::u16string_view text) { SetCell(rule, row, text, kBlockFields); }
+void SetRuleCell(TFoldObject& rule, int row, std::u16string_view text) { SetCell(rule, row, text, kFoldFields); }
 
 std::u16string FoldRowText(const TFoldObject& fold) {
   return fold.Fold_Id + u" " + fold.Fold_Begin + u" ... " + fold.Fold_End;

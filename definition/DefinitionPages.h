@@ -50,6 +50,14 @@ struct TFoldObject {
 /// The text a fold rule shows in the list of rules: id, begin " ... " end.
 std::u16string FoldRowText(const TFoldObject& fold);
 
+/// The cell of grid row `row` (0-based, in key-table order) of a rule: flags
+/// as `Yes` or `No`.
+std::u16string RuleCellText(const TBlockObject& rule, int row);
+std::u16string RuleCellText(const TFoldObject& rule, int row);
+/// Takes an edited cell into the rule; a flag is true for exactly `Yes`.
+void SetRuleCell(TBlockObject& rule, int row, std::u16string_view text);
+void SetRuleCell(TFoldObject& rule, int row, std::u16string_view text);
+
 /// Author, date and version of a definition, as its version list holds them.
 struct TVersionInfo {
   std::u16string Author = u"<Name>";

@@ -6,6 +6,7 @@ packages=(
   build-essential cmake pkg-config
   libicu-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  qt6-base-dev libgl-dev
 )
 
 missing=()

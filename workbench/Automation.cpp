@@ -1,0 +1,87 @@
+#include "workbench/Automation.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTextStream>
+
+#include <csignal>
+#include <cstdlib>
+
+#include "widgets/NameValueGrid.h"
+#include "workbench/GrammarDeskMain.h"
+
+namespace orl {
+namespace {
+
+TNameValueGrid* GridNamed(TSynForm& form, const QString& name) {
+  const std::pair<const char*, TNameValueGrid*> grids[] = {
+      {"MultiHighlightTree", form.MultiHighlightTree}, {"SyntaxOptionTree", form.SyntaxOptionTree},
+      {"RegionOptionTree", form.RegionOptionTree},     {"FoldOptionTree", form.FoldOptionTree},
+      {"BlockTree", form.BlockTree},                   {"FoldingTree", form.FoldingTree}};
+  for (auto [gridName, grid] : grids)
+    if (name == gridName) return grid;
+  return nullptr;
+}
+
+void SetCell(TSynForm& form, const QStringList& words) {
+  TNameValueGrid* grid = words.size() >= 3 ? GridNamed(form, words[1]) : nullptr;
+  if (!grid) return;
+  for (int row = 0; row < grid->rowCount(); ++row)
+    if (grid->item(row, 0)->text() == words[2]) grid->EditValue(row, words.mid(3).join(' '));
+}
+
+void Report(TSynForm& form, const QString& fileName) {
+  QFile file(fileName);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) return;
+  QTextStream out(&file);
+  out << "caption=" << form.windowTitle() << "\n";
+  out << "file=" << QString::fromStdString(form.Document().CurrentFileName().string()) << "\n";
+  out << "modified=" << (form.Document().Modified() ? "yes" : "no") << "\n";
+  for (int row = 0; row < form.SyntaxOptionTree->rowCount(); ++row)
+    if (!form.SyntaxOptionTree->Value(row).isEmpty())
+      out << "option." << form.SyntaxOptionTree->item(row, 0)->text() << "=" << form.SyntaxOptionTree->Value(row) << "\n";
+  out << "sample=" << form.SampleMemo->toPlainText().replace('\n', "\\n") << "\n";
+}
+
+void Execute(TSynForm& form, const QString& line) {
+  const QStringList words = line.split(' ', Qt::SkipEmptyParts);
+  if (words.isEmpty()) return;
+  const QString& command = words[0];
+  const QString rest = words.mid(1).join(' ');
+  if (command == "page") form.MainPages->setCurrentIndex(rest.toInt());
+  else if (command == "subpage") form.OptionSubPages->setCurrentIndex(rest.toInt());
+  else if (command == "select-block") form.BlockNames->setCurrentRow(rest.toInt());
+  else if (command == "select-fold") form.FoldNames->setCurrentRow(rest.toInt());
+  else if (command == "set") SetCell(form, words);
+  else if (command == "sample") form.SampleMemo->appendPlainText(rest);
+  else if (command == "save") form.Document().FileSave();
+  else if (command == "report") Report(form, rest);
+  else if (command == "screenshot") form.grab().save(rest);
+  else if (command == "crash") std::raise(SIGSEGV);
+  else if (command == "quit") QApplication::exit(0);
+}
+
+} // namespace
+
+void RunAutomationIfSet(TSynForm& form, const std::vector<std::string>& arguments) {
+  const char* script = std::getenv("GRAMMARDESK_AUTOMATION");
+  if (!script || !*script) return;
+  QFile file(QString::fromLocal8Bit(script));
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) return;
+  const QString part = !arguments.empty() && arguments.front().starts_with("/RESTART") ? "[restart]" : "[start]";
+  bool bInPart = false;
+  QTextStream in(&file);
+  while (!in.atEnd()) {
+    const QString line = in.readLine().trimmed();
+    if (line.startsWith('[')) bInPart = line == part;
+    else if (bInPart) {
+      QApplication::processEvents();
+      Execute(form, line);
+    }
+  }
+}
+
+} // namespace orl

@@ -1,0 +1,26 @@
+// GrammarDesk: the workbench for syntax definitions.
+
+#include <QApplication>
+#include <QTimer>
+
+#include "platform/ShellFolders.h"
+#include "workbench/AddKeywordsDialog.h"
+#include "workbench/GrammarDeskMain.h"
+#include "workbench/SyntaxAbout.h"
+#include "workbench/UserMenuDialog.h"
+
+int main(int argc, char** argv) {
+  orl::THostEnvironment host = orl::InitialiseHost(orl::ProgramFilePath());
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("GrammarDesk");
+  orl::TSynForm form(host);
+  form.RegisterRecovery();
+  orl::TSyntaxAbout about(&form);
+  orl::TUserMenuForm userMenu(&form);
+  orl::TAddForm addForm(&form);
+  form.SetAboutBox(&about);
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  form.show();
+  QTimer::singleShot(0, &form, [&] { form.FormShow(arguments); });
+  return QApplication::exec();
+}
