@@ -89,8 +89,11 @@ void TSynForm::ConnectEdits() {
   for (TGroupPage& page : FGroupPages)
     connect(page.GroupList, &QListWidget::currentRowChanged, this, [this, &page] { ShowGroupItems(page); });
   connect(MainPages, &QTabWidget::currentChanged, this, &TSynForm::OnPageChanged);
-  // Editing hints, groups and menu entries comes with those pages' own commands.
-  for (QWidget* w : std::initializer_list<QWidget*>{HintsEdit, HintsMemo, cboHintType}) w->setEnabled(false);
+  // Editing hints, groups and menu entries comes with those pages' own commands;
+  // until then the selected hint is shown read-only.
+  HintsEdit->setReadOnly(true);
+  HintsMemo->setReadOnly(true);
+  cboHintType->setEnabled(false);
 }
 
 void TSynForm::PagesReloaded() {
