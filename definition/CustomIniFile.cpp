@@ -1,5 +1,4 @@
-#include <climits>
-
+#include "definition/IniValues.h"
 #include "definition/OrlIniFiles.h"
 #include "platform/CodePages.h"
 #include "platform/Collation.h"
@@ -14,49 +13,14 @@ int HexDigit(char16_t c) {
   return -1;
 }
 
-// Up to eight hex digits; a value above 0x7FFFFFFF wraps to a negative Integer.
-bool TryHexToInt(std::u16string_view digits, int& value) {
-  if (digits.empty() || digits.size() > 8) return false;
-  uint32_t v = 0;
-  for (char16_t c : digits) {
-    const int d = HexDigit(c);
-    if (d < 0) return false;
-    v = (v << 4) | uint32_t(d);
-  }
-  value = int(v);
-  return true;
-}
-
-bool TryDecimalToInt(std::u16string_view text, int& value) {
-  size_t pos = 0;
-  while (pos < text.size() && text[pos] == u' ') ++pos;
-  bool bNegative = false;
-  if (pos < text.size() && (text[pos] == u'-' || text[pos] == u'+')) bNegative = text[pos++] == u'-';
-  if (pos == text.size()) return false;
-  long long v = 0;
-  for (; pos < text.size(); ++pos) {
-    if (text[pos] < u'0' || text[pos] > u'9') return false;
-    v = v * 10 + (text[pos] - u'0');
-    if (v > 1LL + INT_MAX) return false;
-  }
-  v = bNegative ? -v : v;
-  if (v > INT_MAX) return false;
-  value = int(v);
-  return true;
-}
-
 } // namespace
 
 int TCustomIniFile::ReadInteger(std::u16string_view section, std::u16string_view ident, int def) {
-  const std::u16string text = ReadString(section, ident, u"");
-  int value = def;
-  if (text.size() > 2 && text[0] == u'0' && (text[1] == u'x' || text[1] == u'X'))
-    return TryHexToInt(std::u16string_view(text).substr(2), value) ? value : def;
-  return TryDecimalToInt(text, value) ? value : def;
+  return IniTextToInt(ReadString(section, ident, u""), def);
 }
 
 void TCustomIniFile::WriteInteger(std::u16string_view section, std::u16string_view ident, int value) {
-  WriteString(section, ident, Utf8ToUtf16(std::to_string(value)));
+  WriteString(section, ident, IntToIniText(value));
 }
 
 bool TCustomIniFile::ReadBool(std::u16string_view section, std::u16string_view ident, bool def) {
@@ -64,7 +28,7 @@ bool TCustomIniFile::ReadBool(std::u16string_view section, std::u16string_view i
 }
 
 void TCustomIniFile::WriteBool(std::u16string_view section, std::u16string_view ident, bool value) {
-  WriteString(section, ident, value ? u"1" : u"0");
+  WriteString(section, ident, BoolToIniText(value));
 }
 
 int TCustomIniFile::ReadBinaryStream(std::u16string_view section, std::u16string_view name, TMemoryStream& value) {
@@ -93,28 +57,17 @@ void TCustomIniFile::WriteBinaryStream(std::u16string_view section, std::u16stri
   WriteString(section, name, text);
 }
 
-namespace {
-// The typed reads share one rule: an empty or unconvertible text gives the default.
-template <typename TConvert>
-double ReadConverted(TCustomIniFile& ini, std::u16string_view section, std::u16string_view name, double def,
-                     TConvert convert) {
-  const std::u16string text = ini.ReadString(section, name, u"");
-  double value;
-  return !text.empty() && convert(text, value) ? value : def;
-}
-} // namespace
-
 TDateTime TCustomIniFile::ReadDate(std::u16string_view section, std::u16string_view name, TDateTime def) {
-  return ReadConverted(*this, section, name, def, TryStrToDate);
+  return IniTextToDate(ReadString(section, name, u""), def);
 }
 TDateTime TCustomIniFile::ReadDateTime(std::u16string_view section, std::u16string_view name, TDateTime def) {
-  return ReadConverted(*this, section, name, def, TryStrToDateTime);
+  return IniTextToDateTime(ReadString(section, name, u""), def);
 }
 double TCustomIniFile::ReadFloat(std::u16string_view section, std::u16string_view name, double def) {
-  return ReadConverted(*this, section, name, def, TryStrToFloat);
+  return IniTextToFloat(ReadString(section, name, u""), def);
 }
 TDateTime TCustomIniFile::ReadTime(std::u16string_view section, std::u16string_view name, TDateTime def) {
-  return ReadConverted(*this, section, name, def, TryStrToTime);
+  return IniTextToTime(ReadString(section, name, u""), def);
 }
 
 void TCustomIniFile::WriteDate(std::u16string_view section, std::u16string_view name, TDateTime value) {

@@ -1,27 +1,12 @@
 #include <filesystem>
 
+#include "definition/IniLines.h"
 #include "definition/OrlIniFiles.h"
-#include "platform/Blanks.h"
 #include "platform/CodePages.h"
 #include "platform/Collation.h"
 #include "platform/FileIO.h"
 
 namespace orl {
-namespace {
-
-std::u16string Trim(std::u16string_view s) { return std::u16string(TrimBlanks(s)); }
-
-// Each header is its own section, also when the name was seen before.
-bool IsSectionHeader(std::u16string_view line) { return line.size() >= 2 && line.front() == u'[' && line.back() == u']'; }
-
-std::u16string KeyLine(std::u16string_view ident, std::u16string_view value) {
-  std::u16string line(ident);
-  line += u'=';
-  line += value;
-  return line;
-}
-
-} // namespace
 
 TMemIniFile::TMemIniFile(std::u16string fileName) : TCustomIniFile(std::move(fileName)) { LoadValues(); }
 
@@ -140,13 +125,13 @@ void TMemIniFile::SetStrings(const TStringList& list) {
     const std::u16string& line = list.Strings(i);
     if (line.empty() || line.front() == u';') continue;
     if (IsSectionHeader(line)) {
-      current = AddSection(Trim(std::u16string_view(line).substr(1, line.size() - 2)));
+      current = AddSection(SectionNameOf(line));
       continue;
     }
     if (!current) continue;
     const size_t eq = NameValueSeparator(line);
     if (eq == std::u16string::npos) current->Add(line);
-    else current->Add(KeyLine(Trim(std::u16string_view(line).substr(0, eq)), std::u16string_view(line).substr(eq + 1)));
+    else current->Add(KeyLine(TrimmedCopy(std::u16string_view(line).substr(0, eq)), std::u16string_view(line).substr(eq + 1)));
   }
 }
 
@@ -175,7 +160,7 @@ void TMemIniFile::RenameSection(std::u16string_view oldName, std::u16string_view
 
 void TMemIniFile::SetSection(std::u16string_view section, const TStringList& list, bool bAddKey) {
   EraseSection(section);
-  THashedStringList* lines = AddSection(Trim(section));
+  THashedStringList* lines = AddSection(TrimmedCopy(section));
   int key = 0;
   for (int i = 0; i < list.Count(); ++i) {
     const std::u16string& line = list.Strings(i);

@@ -70,9 +70,10 @@ public:
 
 protected:
   void Changed() override;
+  /// The hash key of a line or name: as it is, or with case folded away.
+  virtual std::u16string KeyOf(std::u16string_view s) const;
 
 private:
-  std::u16string KeyOf(std::u16string_view s) const;
   void UpdateValueHash();
   void UpdateNameHash();
   void AddKeys(int index);

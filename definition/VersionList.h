@@ -7,7 +7,7 @@
 #include <string>
 
 #include "definition/DefinitionPages.h"
-#include "definition/OrlIniFiles.h"
+#include "definition/MemIni.h"
 
 namespace orl {
 
@@ -16,8 +16,8 @@ inline constexpr std::u16string_view kVersionListName = u"_list.ver";
 inline constexpr std::u16string_view kLoadingDateDefault = u"2010-01-01";
 
 /// Reads the entry `baseName`; a missing or empty value gives its default.
-TVersionInfo ReadVersionInfo(TMemIniFile& list, std::u16string_view baseName, std::u16string_view dateDefault);
-void WriteVersionInfo(TMemIniFile& list, std::u16string_view baseName, const TVersionInfo& info);
+TVersionInfo ReadVersionInfo(TMemIniFileUTF16& list, std::u16string_view baseName, std::u16string_view dateDefault);
+void WriteVersionInfo(TMemIniFileUTF16& list, std::u16string_view baseName, const TVersionInfo& info);
 
 /// The two lists of a host folder, open for the whole run.
 class TVersionLists {
@@ -28,14 +28,14 @@ public:
 
   /// The user's list when the folder of `fileName`, compared as an exact
   /// string, is `<host>/syntax/User defined`; the host's list otherwise.
-  TMemIniFile& ListFor(const std::filesystem::path& fileName);
-  TMemIniFile& HostList() { return *FVerList; }
-  TMemIniFile& UserList() { return *FUserVerList; }
+  TMemIniFileUTF16& ListFor(const std::filesystem::path& fileName);
+  TMemIniFileUTF16& HostList() { return *FVerList; }
+  TMemIniFileUTF16& UserList() { return *FUserVerList; }
 
 private:
   std::filesystem::path FUserFolder;
-  std::unique_ptr<TMemIniFile> FVerList;
-  std::unique_ptr<TMemIniFile> FUserVerList;
+  std::unique_ptr<TMemIniFileUTF16> FVerList;
+  std::unique_ptr<TMemIniFileUTF16> FUserVerList;
 };
 
 } // namespace orl

@@ -9,8 +9,17 @@ namespace fs = std::filesystem;
 
 std::u16string TLanguageTexts::Text(std::u16string_view section, std::u16string_view id,
                                     std::u16string_view fallback) const {
-  std::u16string text = FFile ? FFile->ReadString(section, id, u"") : std::u16string();
-  return text.empty() ? std::u16string(fallback) : text;
+  std::u16string text(fallback);
+  if (FFile) FFile->ReadWideString(section, id, fallback, text);
+  return text;
+}
+
+std::u16string TLanguageTexts::Hint(std::u16string_view section, std::u16string_view id,
+                                    std::u16string_view fallback) const {
+  std::u16string text(fallback);
+  if (FFile) FFile->ReadWideStringHint(section, id, fallback, text);
+  else std::erase(text, u'&');
+  return text;
 }
 
 fs::path GetHostFolder(const fs::path& programFile, bool bInstallDataPresent) {
@@ -20,11 +29,11 @@ fs::path GetHostFolder(const fs::path& programFile, bool bInstallDataPresent) {
 
 namespace {
 
-// A settings or language file that cannot be read counts as missing.
-std::unique_ptr<TMemIniFile> OpenIfPresent(const fs::path& path) {
+// A settings file that cannot be read counts as missing.
+std::unique_ptr<TMemIniFileUTF16> OpenSettings(const fs::path& path) {
   if (!FileExists(path)) return nullptr;
   try {
-    return std::make_unique<TMemIniFile>(StringFromPath(path));
+    return std::make_unique<TMemIniFileUTF16>(StringFromPath(path));
   } catch (const EOrlError&) {
     return nullptr;
   }
@@ -38,10 +47,11 @@ THostEnvironment InitialiseHost(const fs::path& programFile) {
   std::error_code ec;
   host.InstallDataPresent = fs::is_directory(programFile.parent_path() / "InstallData", ec);
   host.HostFolder = GetHostFolder(programFile, host.InstallDataPresent);
-  host.SettingsIni = OpenIfPresent(host.HostFolder / "Quillet.ini");
+  host.SettingsIni = OpenSettings(host.HostFolder / "Quillet.ini");
   if (host.SettingsIni) {
     const std::u16string language = host.SettingsIni->ReadString(u"Customize", u"Language", u"eng.ini");
-    host.Language = TLanguageTexts(OpenIfPresent(host.HostFolder / "Language" / PathFromString(language)));
+    const fs::path languageFile = host.HostFolder / "Language" / PathFromString(language);
+    if (FileExists(languageFile)) host.Language = TLanguageTexts(std::make_unique<TMemIniFileW>(StringFromPath(languageFile)));
   }
   return host;
 }

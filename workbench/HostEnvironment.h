@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "definition/OrlIniFiles.h"
+#include "definition/MemIni.h"
 
 namespace orl {
 
@@ -14,10 +14,12 @@ namespace orl {
 class TLanguageTexts {
 public:
   TLanguageTexts() = default;
-  explicit TLanguageTexts(std::unique_ptr<TMemIniFile> file) : FFile(std::move(file)) {}
+  explicit TLanguageTexts(std::unique_ptr<TMemIniFileW> file) : FFile(std::move(file)) {}
 
   /// The text, or `fallback` when the file is missing or the text empty.
   std::u16string Text(std::u16string_view section, std::u16string_view id, std::u16string_view fallback = {}) const;
+  /// The same without `&`, for tool tips.
+  std::u16string Hint(std::u16string_view section, std::u16string_view id, std::u16string_view fallback = {}) const;
   /// A text of the workbench's own section.
   std::u16string GrammarDesk(std::u16string_view id, std::u16string_view fallback = {}) const {
     return Text(u"GrammarDesk", id, fallback);
@@ -25,14 +27,14 @@ public:
   bool IsOpen() const { return FFile != nullptr; }
 
 private:
-  std::unique_ptr<TMemIniFile> FFile;
+  std::unique_ptr<TMemIniFileW> FFile;
 };
 
 struct THostEnvironment {
   std::filesystem::path ProgramFile;
   bool InstallDataPresent = false;
   std::filesystem::path HostFolder;
-  std::unique_ptr<TMemIniFile> SettingsIni;  ///< Quillet.ini, null when missing
+  std::unique_ptr<TMemIniFileUTF16> SettingsIni;  ///< Quillet.ini, null when missing
   TLanguageTexts Language;
 
   std::filesystem::path SyntaxFolder() const { return HostFolder / "syntax"; }

@@ -121,7 +121,7 @@ void TSynDocument::SaveDefinition(const fs::path& fileName, bool bRecovery) {
   }
   TWaitCursor wait(FUi);
   SaveDefinitionFiles(FPages, *FSynGdx, *FSynIni, fileName, false);
-  TMemIniFile& list = FVersionLists.ListFor(fileName);
+  TMemIniFileUTF16& list = FVersionLists.ListFor(fileName);
   WriteVersionInfo(list, BaseNameOf(fileName), FPages.Version);
   list.UpdateFile();
   FModified = false;

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "TempFolder.h"
+#include "platform/CodePages.h"
 
 namespace fs = std::filesystem;
 using orl::test::ReadBytes;
@@ -57,7 +58,7 @@ TEST(Gdtool, BundledDefinitionsCheckCleanAndAreAlreadyInSavedForm) {
 
 TEST(Gdtool, SecondResaveIsByteIdenticalAndVersionEntriesTravel) {
   orl::test::TTempFolder dir;
-  orl::test::WriteBytes(dir / "_list.ver", "[Mine]\r\nAuthor=Someone\r\nVersion=7\r\n");
+  orl::test::WriteBytes(dir / "_list.ver", orl::EncodeUtf16LE(u"[Mine]\r\nAuthor=Someone\r\nVersion=7\r\n", true));
   orl::test::WriteBytes(dir / "Mine.gdx", ";{}\r\n; comment\r\n[Options]\r\nLineCommentA=#\r\nCase=1\r\n"
                                           "[Block]\r\n1_Name=Str\r\n\r\n[Foreign]\r\nx= kept \r\n");
   orl::test::WriteBytes(dir / "Mine.ini", "[Comment]\r\n1=one\r\n2=two\r\n");

@@ -58,7 +58,7 @@ TEST_F(SynDocumentTest, SaveAsOnANewDocumentThenSaveWritesWithoutAsking) {
   TMemIniFile saved(StringFromPath(UserFile("Mine.gdx")));
   EXPECT_EQ(saved.ReadString(sections::Options, u"LineCommentA", u""), u"#");
   // The entry went to the user's list, since the folder is the user's folder.
-  TMemIniFile userList(StringFromPath(UserFile("_list.ver")));
+  TMemIniFileUTF16 userList(StringFromPath(UserFile("_list.ver")));
   EXPECT_EQ(userList.ReadString(u"Mine", u"Version", u""), u"1000");
 }
 
@@ -118,7 +118,7 @@ TEST_F(SynDocumentTest, VersionListIsChosenByTheExactFolder) {
   FDocument->Pages().Version.Author = u"Me";
   FUi.Files = {FHostDir / "syntax" / "user defined" / "X.gdx"};
   FDocument->FileSaveAs();
-  TMemIniFile hostList(StringFromPath(FHostDir / "syntax" / "_list.ver"));
+  TMemIniFileUTF16 hostList(StringFromPath(FHostDir / "syntax" / "_list.ver"));
   EXPECT_EQ(hostList.ReadString(u"X", u"Author", u""), u"Me");
   EXPECT_FALSE(FileExists(UserFile("_list.ver")));
 

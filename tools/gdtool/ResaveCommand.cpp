@@ -57,7 +57,7 @@ fs::path ListBeside(const fs::path& file) { return file.parent_path() / "_list.v
 TVersionInfo ReadVersion(const TResaveArgs& a) {
   const std::u16string base = BaseNameOf(a.In);
   if (!a.Host.empty()) return ReadVersionInfo(TVersionLists(a.Host).ListFor(a.In), base, kLoadingDateDefault);
-  TMemIniFile list(StringFromPath(ListBeside(a.In)));
+  TMemIniFileUTF16 list(StringFromPath(ListBeside(a.In)));
   return ReadVersionInfo(list, base, kLoadingDateDefault);
 }
 
@@ -65,13 +65,13 @@ void WriteVersion(const TResaveArgs& a, const TVersionInfo& info) {
   const std::u16string base = BaseNameOf(a.Out);
   if (!a.Host.empty()) {
     TVersionLists lists(a.Host);
-    TMemIniFile& list = lists.ListFor(a.Out);
+    TMemIniFileUTF16& list = lists.ListFor(a.Out);
     WriteVersionInfo(list, base, info);
     list.UpdateFile();
     return;
   }
   if (!FileExists(ListBeside(a.Out))) return;
-  TMemIniFile list(StringFromPath(ListBeside(a.Out)));
+  TMemIniFileUTF16 list(StringFromPath(ListBeside(a.Out)));
   WriteVersionInfo(list, base, info);
   list.UpdateFile();
 }

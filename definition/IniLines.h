@@ -1,0 +1,31 @@
+#pragma once
+// The shape of ini lines, shared by the stores: blanks, section headers and
+// `name=value` lines.
+
+#include <string>
+#include <string_view>
+
+#include "platform/Blanks.h"
+
+namespace orl {
+
+inline std::u16string TrimmedCopy(std::u16string_view s) { return std::u16string(TrimBlanks(s)); }
+
+/// `[...]` opens a section: the first character is `[` and the last `]`.
+inline bool IsSectionHeader(std::u16string_view line) {
+  return line.size() >= 2 && line.front() == u'[' && line.back() == u']';
+}
+
+/// The trimmed name of a section header line.
+inline std::u16string SectionNameOf(std::u16string_view header) {
+  return TrimmedCopy(header.substr(1, header.size() - 2));
+}
+
+inline std::u16string KeyLine(std::u16string_view ident, std::u16string_view value) {
+  std::u16string line(ident);
+  line += u'=';
+  line += value;
+  return line;
+}
+
+} // namespace orl
