@@ -1,20 +1,29 @@
 #include "workbench/AddKeywordsDialog.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 
+#include "workbench/HostEnvironment.h"
+
 namespace orl {
 
-TAddForm::TAddForm(QWidget* parent) : QDialog(parent) {
+namespace {
+QString Q(const std::u16string& s) { return QString::fromStdU16String(s); }
+} // namespace
+
+TAddForm::TAddForm(const TLanguageTexts& language, QWidget* parent) : QDialog(parent) {
+  setWindowTitle(Q(language.GrammarDesk(u"300")));
   auto* layout = new QGridLayout(this);
-  layout->addWidget(Edit = new QLineEdit, 0, 0);
-  layout->addWidget(btnAdd = new QPushButton("Add"), 0, 1);
-  layout->addWidget(List = new QListWidget, 1, 0, 3, 1);
-  layout->addWidget(btnDel = new QPushButton("Delete"), 1, 1);
-  layout->addWidget(btnOk = new QPushButton("OK"), 2, 1);
-  layout->addWidget(btnAbort = new QPushButton("Cancel"), 3, 1, Qt::AlignTop);
+  layout->addWidget(new QLabel(Q(language.GrammarDesk(u"310"))), 0, 0, 1, 2);
+  layout->addWidget(Edit = new QLineEdit, 1, 0);
+  layout->addWidget(btnAdd = new QPushButton(Q(language.GrammarDesk(u"300", u"Add"))), 1, 1);
+  layout->addWidget(List = new QListWidget, 2, 0, 3, 1);
+  layout->addWidget(btnDel = new QPushButton(Q(language.GrammarDesk(u"302", u"Delete"))), 2, 1);
+  layout->addWidget(btnOk = new QPushButton(Q(language.Text(u"Buttons", u"100", u"OK"))), 3, 1);
+  layout->addWidget(btnAbort = new QPushButton(Q(language.Text(u"Buttons", u"101", u"Cancel"))), 4, 1, Qt::AlignTop);
   connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
   connect(btnAbort, &QPushButton::clicked, this, &QDialog::reject);
 }

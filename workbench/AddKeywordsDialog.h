@@ -10,10 +10,12 @@ class QPushButton;
 
 namespace orl {
 
+class TLanguageTexts;
+
 class TAddForm : public QDialog {
   Q_OBJECT
 public:
-  explicit TAddForm(QWidget* parent = nullptr);
+  TAddForm(const TLanguageTexts& language, QWidget* parent = nullptr);
 
   QLineEdit* Edit;
   QListWidget* List;

@@ -27,6 +27,18 @@ QString Q(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype
 std::filesystem::path PathOf(const QString& s) { return std::filesystem::path(s.toStdString()); }
 } // namespace
 
+/// The recent-file list's view of a Qt menu.
+class TQtMruMenu : public IMruMenu {
+public:
+  explicit TQtMruMenu(QMenu& menu) : FMenu(menu) {}
+  void Clear() override { FMenu.clear(); }
+  void AddEntry(const std::u16string& caption) override { FMenu.addAction(Q(caption)); }
+  void AddSeparator() override { FMenu.addSeparator(); }
+
+private:
+  QMenu& FMenu;
+};
+
 TSynForm::TSynForm(THostEnvironment& host)
     : FHost(host), FDocument(std::make_unique<TSynDocument>(host, *this)),
       FGroupPages{{{"Keyword", sections::Keywords, false, false},
@@ -82,7 +94,7 @@ void TSynForm::CreateMenus() {
   QMenu* file = menuBar()->addMenu(Q(l.Text(u"Menu", u"m00", u"File")).prepend('&'));
   file->addAction(Q(l.Text(u"Misc", u"101", u"New")), QKeySequence::New, this, [this] { Run([this] { FDocument->FileNew(); }); });
   file->addAction(Q(l.Text(u"Menu", u"0001", u"Open...")), QKeySequence::Open, this, [this] { Run([this] { FDocument->FileOpen(); }); });
-  file->addMenu(Q(l.Text(u"Menu", u"0002", u"Recent files")))->setObjectName("FileMRU");
+  CreateRecentFilesMenu(*file->addMenu(Q(l.Text(u"Menu", u"0002", u"Recent files"))));
   file->addAction(Q(l.Text(u"Menu", u"0004", u"Save")), QKeySequence::Save, this, [this] { Run([this] { FDocument->FileSave(); }); });
   file->addAction(Q(l.Text(u"Menu", u"0005", u"Save As...")), QKeySequence::SaveAs, this, [this] { Run([this] { FDocument->FileSaveAs(); }); });
   file->addSeparator();
@@ -94,7 +106,22 @@ void TSynForm::CreateMenus() {
   });
 }
 
+// The list fills the submenu each time it opens; a click goes to the document by position.
+void TSynForm::CreateRecentFilesMenu(QMenu& menu) {
+  menu.setObjectName("FileMRU");
+  FRecentMenu = std::make_unique<TQtMruMenu>(menu);
+  FDocument->RecentFiles().RecentMenu = FRecentMenu.get();
+  connect(&menu, &QMenu::aboutToShow, this, [this] { FDocument->RecentFiles().RefreshList(); });
+  connect(&menu, &QMenu::triggered, this, [this, &menu](QAction* action) {
+    const QList<QAction*> entries = menu.actions();
+    const int index = int(entries.indexOf(action));
+    const std::u16string caption = action->text().toStdU16String();
+    Run([&] { FDocument->RecentMenuClick(index, int(entries.size()), caption); });
+  });
+}
+
 void TSynForm::FormShow(const std::vector<std::string>& arguments) {
+  Run([&] { FDocument->InitRecentFiles(); });
   Run([&] { FDocument->ProcessCommandLine(arguments); });
   RunAutomationIfSet(*this, arguments);
 }
@@ -102,8 +129,12 @@ void TSynForm::FormShow(const std::vector<std::string>& arguments) {
 void TSynForm::closeEvent(QCloseEvent* event) {
   bool bClose = false;
   Run([&] { bClose = FDocument->CanClose(); });
-  if (bClose) event->accept();
-  else event->ignore();
+  if (!bClose) {
+    event->ignore();
+    return;
+  }
+  Run([&] { FDocument->FormClose(); });
+  event->accept();
 }
 
 TMsgResult TSynForm::MessageBox(const std::u16string& text, TMsgButtons buttons) {

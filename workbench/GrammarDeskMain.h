@@ -16,12 +16,14 @@ class QPlainTextEdit;
 class QLineEdit;
 class QComboBox;
 class QTabWidget;
+class QMenu;
 class QPushButton;
 
 namespace orl {
 
 class TNameValueGrid;
 class TSyntaxAbout;
+class TQtMruMenu;
 
 /// One group-and-items page: a list of groups and the items of the selected one.
 struct TGroupPage {
@@ -85,6 +87,7 @@ protected:
 private:
   // Building (GrammarDeskPages.cpp)
   void CreateMenus();
+  void CreateRecentFilesMenu(QMenu& menu);
   void CreatePages();
   QWidget* CreateOptionPage();
   QWidget* CreateRulePage(QListWidget*& names, TNameValueGrid*& grid, const QString& listTitle);
@@ -119,6 +122,7 @@ private:
   std::unique_ptr<TSynDocument> FDocument;
   std::array<TGroupPage, 4> FGroupPages;
   QLabel* FStatus[2] = {nullptr, nullptr};
+  std::unique_ptr<TQtMruMenu> FRecentMenu;
   bool FFilling = false;
 };
 

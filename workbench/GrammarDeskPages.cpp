@@ -148,7 +148,7 @@ QWidget* TSynForm::CreateHintsPage() {
   HintsMemo = new QPlainTextEdit;
   auto* fields = new QWidget;
   auto* form = new QFormLayout(fields);
-  form->addRow("Type", cboHintType);
+  form->addRow(QString(), cboHintType);
   form->addRow(Text(u"094", u"Id / func"), HintsEdit);
   form->addRow(Text(u"102", u"Desc / Header"), HintsMemo);
   auto* splitter = new QSplitter(Qt::Vertical);

@@ -106,6 +106,7 @@ void TSynDocument::LoadDefinition(const fs::path& fileName, const fs::path& reco
   FActivePage = mpOptions;
   FUi.PagesReloaded();
   SetStatus(FileNameOnly(shownName), u"");
+  ElMRU1.AddFile(StringFromPath(shownName));
 }
 
 void TSynDocument::LoadVersionInfo(std::u16string_view baseName) {
@@ -203,6 +204,21 @@ void TSynDocument::RecentFileClick(std::u16string_view caption) {
   if (!FileExists(name) || !ConfirmSave()) return;
   OpenFile(name);
 }
+
+void TSynDocument::RecentMenuClick(int index, int count, std::u16string_view caption) {
+  if (index == count - 1) ElMRU1.ClearList();
+  else RecentFileClick(caption);
+}
+
+void TSynDocument::InitRecentFiles() {
+  ElMRU1.ClearMenuString = FHost.Language.Text(u"Misc", u"130");
+  ElMRU1.RemoveInvalid = FHost.SettingsIni && FHost.SettingsIni->ReadBool(u"Customize", u"RemoveInvalidMRU", false);
+  const fs::path listFile = FHost.HostFolder / "Data" / "MRUSyntax.txt";
+  ElMRU1.SetFilename(listFile);
+  if (!FileExists(listFile)) ElMRU1.SaveList();
+}
+
+void TSynDocument::FormClose() { ElMRU1.SaveList(); }
 
 void TSynDocument::ProcessCommandLine(const std::vector<std::string>& arguments) {
   if (!arguments.empty() && arguments.front().starts_with("/RESTART")) {

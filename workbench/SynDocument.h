@@ -13,6 +13,7 @@
 #include "definition/OrlIniFiles.h"
 #include "definition/VersionList.h"
 #include "workbench/HostEnvironment.h"
+#include "workbench/OrlMRUList.h"
 #include "workbench/WorkbenchUi.h"
 
 namespace orl {
@@ -62,6 +63,13 @@ public:
   bool CanClose();
   /// A recent-file menu entry: everything up to its first blank is dropped.
   void RecentFileClick(std::u16string_view caption);
+  /// Entry `index` of a recent-file menu of `count` entries: the last clears the list.
+  void RecentMenuClick(int index, int count, std::u16string_view caption);
+  TOrlMRUList& RecentFiles() { return ElMRU1; }
+  /// The recent-file list as the first show sets it up.
+  void InitRecentFiles();
+  /// What closing the form does once the user agreed: the recent files are written.
+  void FormClose();
   /// Opens a file as the Open command does after its dialog.
   void OpenFile(const std::filesystem::path& fileName);
 
@@ -93,6 +101,7 @@ private:
   std::filesystem::path CurrentFileNameValue;
   std::u16string FCaption;
   std::array<std::u16string, 2> FStatus;
+  TOrlMRUList ElMRU1;
 };
 
 } // namespace orl

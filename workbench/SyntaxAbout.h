@@ -5,10 +5,12 @@
 
 namespace orl {
 
+class TLanguageTexts;
+
 class TSyntaxAbout : public QDialog {
   Q_OBJECT
 public:
-  explicit TSyntaxAbout(QWidget* parent = nullptr);
+  TSyntaxAbout(const TLanguageTexts& language, QWidget* parent = nullptr);
 };
 
 } // namespace orl

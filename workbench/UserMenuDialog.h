@@ -12,10 +12,12 @@ class QToolButton;
 
 namespace orl {
 
+class TLanguageTexts;
+
 class TUserMenuForm : public QDialog {
   Q_OBJECT
 public:
-  explicit TUserMenuForm(QWidget* parent = nullptr);
+  TUserMenuForm(const TLanguageTexts& language, QWidget* parent = nullptr);
 
   QComboBox* cboItem;
   QPlainTextEdit* DataMemo;

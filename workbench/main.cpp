@@ -15,9 +15,9 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("GrammarDesk");
   orl::TSynForm form(host);
   form.RegisterRecovery();
-  orl::TSyntaxAbout about(&form);
-  orl::TUserMenuForm userMenu(&form);
-  orl::TAddForm addForm(&form);
+  orl::TSyntaxAbout about(host.Language, &form);
+  orl::TUserMenuForm userMenu(host.Language, &form);
+  orl::TAddForm addForm(host.Language, &form);
   form.SetAboutBox(&about);
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   form.show();

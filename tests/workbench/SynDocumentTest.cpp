@@ -110,6 +110,16 @@ TEST_F(SynDocumentTest, CommandLineOpensExistingFilesAndShowsTheLast) {
   EXPECT_EQ(FDocument->StatusText(0), u"B.gdx");
   EXPECT_TRUE(FDocument->PagesEnabled());
   EXPECT_FALSE(FDocument->Modified());
+  const TStringList& recent = FDocument->RecentFiles().Strings();
+  ASSERT_EQ(recent.Count(), 2);
+  EXPECT_EQ(recent.Strings(0), StringFromPath(b));
+  EXPECT_EQ(recent.Strings(1), StringFromPath(a));
+
+  // A recent-file entry opens its file; the last entry of the menu clears the list.
+  FDocument->RecentMenuClick(1, 4, u"&1 " + StringFromPath(a));
+  EXPECT_EQ(FDocument->CurrentFileName(), a);
+  FDocument->RecentMenuClick(3, 4, u"Clear");
+  EXPECT_EQ(recent.Count(), 0);
 }
 
 TEST_F(SynDocumentTest, VersionListIsChosenByTheExactFolder) {
