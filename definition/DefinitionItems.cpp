@@ -6,13 +6,6 @@
 namespace orl {
 namespace {
 
-std::u16string StoredToLineBreaks(std::u16string_view s) {
-  std::u16string out(s);
-  for (char16_t& c : out)
-    if (c == kStoredLineBreak) c = u'\n';
-  return out;
-}
-
 std::u16string EscapedToLineBreaks(std::u16string_view s) {
   std::u16string out;
   out.reserve(s.size());
@@ -39,7 +32,7 @@ TCompletionItem ParseCompletionItem(std::u16string_view item) {
   const size_t textStart = bar == std::u16string_view::npos ? 0 : bar + 1;
   if (bar != std::u16string_view::npos) result.Caption = item.substr(0, bar);
   const size_t plus = item.find(u'+', textStart);
-  result.InsertText = StoredToLineBreaks(item.substr(textStart, plus == std::u16string_view::npos ? item.npos : plus - textStart));
+  result.InsertText = item.substr(textStart, plus == std::u16string_view::npos ? item.npos : plus - textStart);
   if (plus != std::u16string_view::npos) {
     const std::u16string_view letter = TrimBlanks(item.substr(plus + 1));
     if (!letter.empty()) result.ImageLetter = letter.back();
@@ -86,7 +79,7 @@ TUserMenuEntry SplitUserMenuEntry(std::u16string_view value) {
   if (bar == std::u16string_view::npos) return entry;
   const std::u16string_view rest = value.substr(bar + 1);
   const size_t plus = rest.rfind(u'+');
-  entry.InsertText = StoredToLineBreaks(rest.substr(0, plus));
+  entry.InsertText = rest.substr(0, plus);
   if (plus != std::u16string_view::npos) {
     const std::u16string_view letter = TrimBlanks(rest.substr(plus + 1));
     if (!letter.empty()) entry.ImageLetter = letter.front();

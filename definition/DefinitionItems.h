@@ -21,7 +21,7 @@ std::vector<std::u16string> SplitWords(std::u16string_view value);
 
 struct TCompletionItem {
   std::u16string Caption;
-  std::u16string InsertText;  ///< line breaks as `\n`
+  std::u16string InsertText;  ///< as stored: line breaks as U+000C
   char16_t ImageLetter = 0;   ///< 0 when the item has none of its own
   int ImageIndex = 0;
   bool IsGroupReference = false;  ///< `@group`: pulls in that group; Caption holds the `@` name
@@ -32,7 +32,7 @@ std::vector<TCompletionItem> SplitCompletionItems(std::u16string_view value);
 
 struct TUserMenuEntry {
   std::u16string Caption;
-  std::u16string InsertText;  ///< line breaks as `\n`
+  std::u16string InsertText;  ///< as stored: line breaks as U+000C
   char16_t ImageLetter = 0;
   int ImageIndex = 0;
 };

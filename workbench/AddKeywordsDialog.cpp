@@ -24,8 +24,41 @@ TAddForm::TAddForm(const TLanguageTexts& language, QWidget* parent) : QDialog(pa
   layout->addWidget(btnDel = new QPushButton(Q(language.GrammarDesk(u"302", u"Delete"))), 2, 1);
   layout->addWidget(btnOk = new QPushButton(Q(language.Text(u"Buttons", u"100", u"OK"))), 3, 1);
   layout->addWidget(btnAbort = new QPushButton(Q(language.Text(u"Buttons", u"101", u"Cancel"))), 4, 1, Qt::AlignTop);
+  List->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  btnAdd->setAutoDefault(false);
+  btnOk->setAutoDefault(false);
+  connect(btnAdd, &QPushButton::clicked, this, &TAddForm::AddClick);
+  connect(btnDel, &QPushButton::clicked, this, &TAddForm::DelClick);
+  // Enter in the edit adds, as the button does, and does nothing while it is disabled.
+  connect(Edit, &QLineEdit::returnPressed, this, [this] {
+    if (btnAdd->isEnabled()) AddClick();
+  });
   connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
   connect(btnAbort, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void TAddForm::AddClick() {
+  if (Edit->text().isEmpty()) return;
+  List->addItem(Edit->text());
+  Edit->clear();
+  if (FRegExKeyword) btnAdd->setEnabled(false);
+}
+
+void TAddForm::DelClick() {
+  qDeleteAll(List->selectedItems());
+  if (FRegExKeyword && List->count() == 0) btnAdd->setEnabled(true);
+}
+
+std::optional<std::vector<std::u16string>> TAddForm::Collect(bool bRegExKeyword) {
+  FRegExKeyword = bRegExKeyword;
+  Edit->clear();
+  List->clear();
+  btnAdd->setEnabled(true);
+  Edit->setFocus();
+  if (exec() != QDialog::Accepted) return std::nullopt;
+  std::vector<std::u16string> rows;
+  for (int i = 0; i < List->count(); ++i) rows.push_back(List->item(i)->text().toStdU16String());
+  return rows;
 }
 
 } // namespace orl

@@ -1,8 +1,12 @@
 #pragma once
-// The dialog that collects plain words (or one regular expression) for a
-// keyword or tag group. Its behaviour comes with the group pages.
+// The dialog that collects plain words, or one regular expression, for a
+// keyword or tag group.
 
 #include <QDialog>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 class QLineEdit;
 class QListWidget;
@@ -17,6 +21,10 @@ class TAddForm : public QDialog {
 public:
   TAddForm(const TLanguageTexts& language, QWidget* parent = nullptr);
 
+  /// Shows the dialog; the rows of its list on OK, nothing on Cancel. With
+  /// `bRegExKeyword` it takes one row only.
+  std::optional<std::vector<std::u16string>> Collect(bool bRegExKeyword);
+
   QLineEdit* Edit;
   QListWidget* List;
   QPushButton* btnAdd;
@@ -24,6 +32,10 @@ public:
   QPushButton* btnOk;
   QPushButton* btnAbort;
   bool FRegExKeyword = false;
+
+private:
+  void AddClick();
+  void DelClick();
 };
 
 } // namespace orl

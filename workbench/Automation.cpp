@@ -26,6 +26,14 @@ TNameValueGrid* GridNamed(TSynForm& form, const QString& name) {
   return nullptr;
 }
 
+/// The group list (or item list) of the page on show.
+QListWidget* VisibleList(TSynForm& form, const char* suffix) {
+  for (QListWidget* list : form.MainPages->currentWidget()->findChildren<QListWidget*>())
+    if (list->objectName().endsWith(suffix)) return list;
+  static QListWidget none;
+  return &none;
+}
+
 void SetCell(TSynForm& form, const QStringList& words) {
   TNameValueGrid* grid = words.size() >= 3 ? GridNamed(form, words[1]) : nullptr;
   if (!grid) return;
@@ -55,6 +63,7 @@ void Execute(TSynForm& form, const QString& line) {
   else if (command == "subpage") form.OptionSubPages->setCurrentIndex(rest.toInt());
   else if (command == "select-block") form.BlockNames->setCurrentRow(rest.toInt());
   else if (command == "select-fold") form.FoldNames->setCurrentRow(rest.toInt());
+  else if (command == "select-group") VisibleList(form, "GroupList")->setCurrentRow(rest.toInt());
   else if (command == "set") SetCell(form, words);
   else if (command == "sample") form.SampleMemo->appendPlainText(rest);
   else if (command == "save") form.Document().FileSave();

@@ -1,24 +1,29 @@
 #include "workbench/GrammarDeskMain.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QStatusBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabWidget>
+#include <QToolBar>
 
 #include "definition/DefinitionFormat.h"
 #include "platform/CodePages.h"
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
 #include "platform/RestartRecovery.h"
+#include "widgets/NameValueGrid.h"
+#include "workbench/AddKeywordsDialog.h"
 #include "workbench/Automation.h"
 #include "workbench/SyntaxAbout.h"
-#include "widgets/NameValueGrid.h"
+#include "workbench/UserMenuDialog.h"
 
 namespace orl {
 
@@ -41,10 +46,8 @@ private:
 
 TSynForm::TSynForm(THostEnvironment& host)
     : FHost(host), FDocument(std::make_unique<TSynDocument>(host, *this)),
-      FGroupPages{{{"Keyword", sections::Keywords, false, false},
-                   {"Tag", sections::Tags, false, false},
-                   {"ClassCompletion", sections::AutoComplete, true, true},
-                   {"TagCompletion", sections::TagComplete, true, true}}} {
+      FGroupWidgets{{{mpKeywords, "Keyword"}, {mpTags, "Tag"}, {mpClassCompletion, "ClassCompletion"},
+                     {mpTagCompletion, "TagCompletion"}}} {
   CreateMenus();
   CreatePages();
   ConnectEdits();
@@ -52,7 +55,7 @@ TSynForm::TSynForm(THostEnvironment& host)
     pane = new QLabel(this);
     statusBar()->addWidget(pane, 1);
   }
-  resize(1000, 720);
+  resize(1040, 740);
   FDocument->EnablePages(false);
   PagesReloaded();
   StateChanged();
@@ -75,12 +78,17 @@ TSynForm::~TSynForm() {
   UnregisterApplicationRecoveryCallback();
 }
 
+void TSynForm::SetDialogs(TSyntaxAbout* about, TUserMenuForm* userMenu, TAddForm* addForm) {
+  FAbout = about;
+  FUserMenu = userMenu;
+  FAddForm = addForm;
+}
+
 QString TSynForm::Text(std::u16string_view id, std::u16string_view fallback) const {
   return Q(FHost.Language.GrammarDesk(id, fallback));
 }
 
-template <typename TCommand>
-void TSynForm::Run(TCommand command) {
+void TSynForm::Run(const std::function<void()>& command) {
   try {
     command();
   } catch (const EOrlError& e) {
@@ -92,13 +100,18 @@ void TSynForm::Run(TCommand command) {
 void TSynForm::CreateMenus() {
   const TLanguageTexts& l = FHost.Language;
   QMenu* file = menuBar()->addMenu(Q(l.Text(u"Menu", u"m00", u"File")).prepend('&'));
-  file->addAction(Q(l.Text(u"Misc", u"101", u"New")), QKeySequence::New, this, [this] { Run([this] { FDocument->FileNew(); }); });
-  file->addAction(Q(l.Text(u"Menu", u"0001", u"Open...")), QKeySequence::Open, this, [this] { Run([this] { FDocument->FileOpen(); }); });
+  auto command = [this](void (TSynDocument::*operation)()) {
+    return [this, operation] { Run([this, operation] { (FDocument.get()->*operation)(); }); };
+  };
+  file->addAction(Q(l.Text(u"Misc", u"101", u"New")), QKeySequence::New, this, command(&TSynDocument::FileNew));
+  file->addAction(Q(l.Text(u"Menu", u"0001", u"Open...")), QKeySequence::Open, this, command(&TSynDocument::FileOpen));
   CreateRecentFilesMenu(*file->addMenu(Q(l.Text(u"Menu", u"0002", u"Recent files"))));
-  file->addAction(Q(l.Text(u"Menu", u"0004", u"Save")), QKeySequence::Save, this, [this] { Run([this] { FDocument->FileSave(); }); });
-  file->addAction(Q(l.Text(u"Menu", u"0005", u"Save As...")), QKeySequence::SaveAs, this, [this] { Run([this] { FDocument->FileSaveAs(); }); });
+  file->addAction(Q(l.Text(u"Menu", u"0004", u"Save")), QKeySequence::Save, this, command(&TSynDocument::FileSave));
+  file->addAction(Q(l.Text(u"Menu", u"0005", u"Save As...")), QKeySequence::SaveAs, this,
+                  command(&TSynDocument::FileSaveAs));
   file->addSeparator();
-  file->addAction(Q(l.Text(u"Menu", u"0015", u"Close")), QKeySequence(Qt::CTRL | Qt::Key_F4), this, [this] { Run([this] { FDocument->FileClose(); }); });
+  file->addAction(Q(l.Text(u"Menu", u"0015", u"Close")), QKeySequence(Qt::CTRL | Qt::Key_F4), this,
+                  command(&TSynDocument::FileClose));
   file->addAction(Q(l.Text(u"Menu", u"0011", u"Exit")), QKeySequence::Quit, this, &QWidget::close);
   QMenu* help = menuBar()->addMenu(Q(l.Text(u"Menu", u"m07", u"Help")).prepend('&'));
   help->addAction(Q(l.Text(u"Menu", u"7001", u"About...")), this, [this] {
@@ -137,12 +150,12 @@ void TSynForm::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
-TMsgResult TSynForm::MessageBox(const std::u16string& text, TMsgButtons buttons) {
+TMsgResult TSynForm::MessageBox(const std::u16string& text, TMsgButtons buttons, const std::u16string& title) {
   using B = QMessageBox::StandardButton;
   const QMessageBox::StandardButtons shown = buttons == TMsgButtons::mbOk       ? B::Ok
                                              : buttons == TMsgButtons::mbYesNo ? B::Yes | B::No
                                                                                : B::Yes | B::No | B::Cancel;
-  switch (QMessageBox::question(this, windowTitle(), Q(text), shown)) {
+  switch (QMessageBox::question(this, title.empty() ? windowTitle() : Q(title), Q(text), shown)) {
   case B::Yes: return TMsgResult::mrYes;
   case B::No: return TMsgResult::mrNo;
   case B::Ok: return TMsgResult::mrOk;
@@ -150,8 +163,29 @@ TMsgResult TSynForm::MessageBox(const std::u16string& text, TMsgButtons buttons)
   }
 }
 
+std::optional<std::u16string> TSynForm::Prompt(const std::u16string& title, const std::u16string& prompt,
+                                               const std::u16string& initial) {
+  bool bOk = false;
+  const QString answer = QInputDialog::getText(this, Q(title), Q(prompt), QLineEdit::Normal, Q(initial), &bOk);
+  if (!bOk) return std::nullopt;
+  return answer.toStdU16String();
+}
+
+std::u16string TSynForm::ClipboardText() { return QGuiApplication::clipboard()->text().toStdU16String(); }
+
+void TSynForm::SetClipboardText(const std::u16string& text) { QGuiApplication::clipboard()->setText(Q(text)); }
+
+std::optional<std::vector<std::u16string>> TSynForm::AddWords(bool bRegExKeyword) {
+  if (!FAddForm) return std::nullopt;
+  return FAddForm->Collect(bRegExKeyword);
+}
+
+bool TSynForm::EditItem(TItemDialogData& item) { return FUserMenu && FUserMenu->Edit(item); }
+
 namespace {
-QString DialogFilter(const TFileDialogOptions& o) { return Q(o.Filter.substr(0, o.Filter.find(u'('))) + "(" + Q(o.Mask) + ")"; }
+QString DialogFilter(const TFileDialogOptions& o) {
+  return Q(o.Filter.substr(0, o.Filter.find(u'('))) + "(" + Q(o.Mask) + ")";
+}
 } // namespace
 
 std::optional<std::filesystem::path> TSynForm::OpenDialog(const TFileDialogOptions& options) {
@@ -180,9 +214,11 @@ void TSynForm::StateChanged() {
   setWindowTitle(Q(FDocument->Caption()));
   for (int pane = 0; pane < 2; ++pane) FStatus[pane]->setText(Q(FDocument->StatusText(pane)));
   const bool bEnabled = FDocument->PagesEnabled();
-  for (QWidget* w : std::initializer_list<QWidget*>{MultiHighlightTree, SyntaxOptionTree, RegionOptionTree, FoldOptionTree,
-                                                     BlockTree, FoldingTree, SampleMemo, BtnInfoKeyAdd, OptionSubPages})
+  for (QWidget* w : std::initializer_list<QWidget*>{MultiHighlightTree, SyntaxOptionTree, RegionOptionTree,
+                                                     FoldOptionTree, BlockTree, FoldingTree, SampleMemo,
+                                                     BtnInfoKeyAdd, OptionSubPages})
     w->setEnabled(bEnabled);
+  for (QToolBar* bar : findChildren<QToolBar*>()) bar->setEnabled(bEnabled);
   if (MainPages->currentIndex() != FDocument->ActivePage()) MainPages->setCurrentIndex(FDocument->ActivePage());
 }
 

@@ -1,55 +1,67 @@
 #pragma once
 // The main form: the document's pages on a page control, the File and Help
-// menus and the status bar. It shows what TSynDocument holds and forwards the
-// user's edits to it; the logic lives in the document.
+// menus and the status bar. It shows what TSynDocument and its page models
+// hold and forwards the user's edits and commands to them; the logic lives
+// there.
 
 #include <QMainWindow>
 
+#include <array>
+#include <functional>
 #include <memory>
 
 #include "workbench/SynDocument.h"
 #include "workbench/WorkbenchUi.h"
 
-class QLabel;
-class QListWidget;
-class QPlainTextEdit;
-class QLineEdit;
+class QAction;
 class QComboBox;
-class QTabWidget;
+class QLabel;
+class QLineEdit;
+class QListWidget;
 class QMenu;
+class QPlainTextEdit;
 class QPushButton;
+class QTabWidget;
+class QToolBar;
 
 namespace orl {
 
 class TNameValueGrid;
 class TSyntaxAbout;
+class TUserMenuForm;
+class TAddForm;
 class TQtMruMenu;
 
-/// One group-and-items page: a list of groups and the items of the selected one.
-struct TGroupPage {
+/// The widgets of one group-and-items page.
+struct TGroupPageWidgets {
+  int MainPage;
   const char* Member;  ///< prefix of the widget names: `Keyword` gives KeywordGroupList, KeywordList
-  std::u16string_view Section;
-  bool bInCompanion;  ///< the group lives in the companion file
-  bool bCompletionItems;
   QListWidget* GroupList = nullptr;
   QListWidget* ItemList = nullptr;
+  QAction* ItemAdd = nullptr;
 };
 
 class TSynForm : public QMainWindow, public IWorkbenchUi {
   Q_OBJECT
 public:
   explicit TSynForm(THostEnvironment& host);
-  void SetAboutBox(TSyntaxAbout* about) { FAbout = about; }
   ~TSynForm() override;
 
   TSynDocument& Document() { return *FDocument; }
+  void SetDialogs(TSyntaxAbout* about, TUserMenuForm* userMenu, TAddForm* addForm);
   /// Restart after a crash, with the document saved as crash data first.
   void RegisterRecovery();
   /// The first show: the command line, then the automation script if one is set.
   void FormShow(const std::vector<std::string>& arguments);
 
   // IWorkbenchUi
-  TMsgResult MessageBox(const std::u16string& text, TMsgButtons buttons) override;
+  TMsgResult MessageBox(const std::u16string& text, TMsgButtons buttons, const std::u16string& title = {}) override;
+  std::optional<std::u16string> Prompt(const std::u16string& title, const std::u16string& prompt,
+                                       const std::u16string& initial) override;
+  std::u16string ClipboardText() override;
+  void SetClipboardText(const std::u16string& text) override;
+  std::optional<std::vector<std::u16string>> AddWords(bool bRegExKeyword) override;
+  bool EditItem(TItemDialogData& item) override;
   std::optional<std::filesystem::path> OpenDialog(const TFileDialogOptions& options) override;
   std::optional<std::filesystem::path> SaveDialog(const TFileDialogOptions& options) override;
   void SetWaitCursor(bool bWait) override;
@@ -90,37 +102,43 @@ private:
   void CreateRecentFilesMenu(QMenu& menu);
   void CreatePages();
   QWidget* CreateOptionPage();
-  QWidget* CreateRulePage(QListWidget*& names, TNameValueGrid*& grid, const QString& listTitle);
-  QWidget* CreateGroupPage(TGroupPage& page, const QString& groupTitle, const QString& itemTitle);
+  QWidget* CreateRulePage(QListWidget*& names, TNameValueGrid*& grid, const QString& listTitle, QToolBar* toolBar);
+  QWidget* CreateGroupPage(TGroupPageWidgets& page, const QString& groupTitle, const QString& itemTitle);
   QWidget* CreateUserMenuPage();
   QWidget* CreateHintsPage();
   QWidget* CreateSamplePage();
   QWidget* CreateAuthorPage();
-  void ConnectEdits();
+
+  // Commands of the lists (GrammarDeskLists.cpp)
+  template <typename TRule>
+  QToolBar* RuleToolBar(TRuleListPage<TRule>& model, QListWidget*& list, TNameValueGrid*& grid);
+  template <typename TRule>
+  void ShowRuleList(TRuleListPage<TRule>& model, QListWidget& list, TNameValueGrid& grid);
+  QToolBar* GroupToolBar(TGroupPageWidgets& page);
+  QToolBar* ItemToolBar(TGroupPageWidgets& page);
+  void ShowGroupPage(TGroupPageWidgets& page);
+  void ShowItems(TGroupPageWidgets& page);
+  TGroupPage& Model(const TGroupPageWidgets& page) { return *FDocument->GroupPageOf(page.MainPage); }
+  QAction* AddCommand(QToolBar& bar, QWidget& target, const QIcon& icon, const QString& tip,
+                      const QKeySequence& key, std::function<void()> command);
 
   // Showing the document (GrammarDeskBinding.cpp)
+  void ConnectEdits();
   void FillGrids();
-  void FillRuleLists();
   void FillTextPages();
-  void RefreshGroupList(TGroupPage& page);
-  void ShowGroupItems(TGroupPage& page);
   void RefreshUserMenuList();
-  void ShowBlock(int index);
-  void ShowFold(int index);
-  void OnBlockCellEdited(int row, const QString& text);
-  void OnFoldCellEdited(int row, const QString& text);
   void OnPageChanged(int page);
-  TGroupPage* GroupPageAt(int page);
 
   /// Runs a command; an error from the stores is shown in a message box.
-  template <typename TCommand>
-  void Run(TCommand command);
-  QString Text(std::u16string_view id, std::u16string_view fallback) const;
+  void Run(const std::function<void()>& command);
+  QString Text(std::u16string_view id, std::u16string_view fallback = {}) const;
 
   THostEnvironment& FHost;
-  TSyntaxAbout* FAbout = nullptr;
   std::unique_ptr<TSynDocument> FDocument;
-  std::array<TGroupPage, 4> FGroupPages;
+  TSyntaxAbout* FAbout = nullptr;
+  TUserMenuForm* FUserMenu = nullptr;
+  TAddForm* FAddForm = nullptr;
+  std::array<TGroupPageWidgets, 4> FGroupWidgets;
   QLabel* FStatus[2] = {nullptr, nullptr};
   std::unique_ptr<TQtMruMenu> FRecentMenu;
   bool FFilling = false;

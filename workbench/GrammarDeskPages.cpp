@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 #include "definition/DefinitionFormat.h"
@@ -52,9 +53,10 @@ QWidget* Titled(const QString& title, QWidget* content) {
   return box;
 }
 
-QWidget* Stacked(std::initializer_list<std::pair<QWidget*, int>> parts) {
+QWidget* Stacked(std::initializer_list<std::pair<QWidget*, int>> parts, int margin = -1) {
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
+  if (margin >= 0) layout->setContentsMargins(margin, margin, margin, margin);
   for (auto [widget, stretch] : parts) layout->addWidget(widget, stretch);
   return page;
 }
@@ -69,11 +71,11 @@ void TSynForm::CreatePages() {
       {u"054", u"User Menu (Ctrl+Space)"}, {u"055", u"Class completion"}, {u"056", u"Tag completion"},
       {u"057", u"Hints"},            {u"059", u"Syntax sample"},  {u"060", u"Author information"}};
   QWidget* pages[] = {CreateOptionPage(),
-                      CreateGroupPage(FGroupPages[0], Text(u"086", u"lblCatagory"), Text(u"087", u"lblItems")),
-                      CreateGroupPage(FGroupPages[1], Text(u"088", u"lblCatagory"), Text(u"089", u"lblItems")),
+                      CreateGroupPage(FGroupWidgets[0], Text(u"086", u"lblCatagory"), Text(u"087", u"lblItems")),
+                      CreateGroupPage(FGroupWidgets[1], Text(u"088", u"lblCatagory"), Text(u"089", u"lblItems")),
                       CreateUserMenuPage(),
-                      CreateGroupPage(FGroupPages[2], Text(u"091", u"lblCatagory"), Text(u"092", u"lblItems")),
-                      CreateGroupPage(FGroupPages[3], Text(u"089", u"lblCatagory"), Text(u"093", u"lblItems")),
+                      CreateGroupPage(FGroupWidgets[2], Text(u"091", u"lblCatagory"), Text(u"092", u"lblItems")),
+                      CreateGroupPage(FGroupWidgets[3], Text(u"089", u"lblCatagory"), Text(u"093", u"lblItems")),
                       CreateHintsPage(),
                       CreateSamplePage(),
                       CreateAuthorPage()};
@@ -96,10 +98,12 @@ QWidget* TSynForm::CreateOptionPage() {
 
   OptionSubPages = new QTabWidget;
   OptionSubPages->addTab(Stacked({{MultiHighlightTree, 0}, {SyntaxOptionTree, 1}}), Text(u"070", u"Options"));
-  OptionSubPages->addTab(CreateRulePage(BlockNames, BlockTree, Text(u"082", u"Block name")),
+  QToolBar* blockBar = RuleToolBar(FDocument->BlockNames(), BlockNames, BlockTree);
+  OptionSubPages->addTab(CreateRulePage(BlockNames, BlockTree, Text(u"082", u"Block name"), blockBar),
                          Text(u"071", u"Block"));
   SetUpGrid(*BlockTree, BlockKeys(), Text(u"307", u"Block Option"), value);
-  OptionSubPages->addTab(CreateRulePage(FoldNames, FoldingTree, Text(u"083", u"Code fold")),
+  QToolBar* foldBar = RuleToolBar(FDocument->FoldNames(), FoldNames, FoldingTree);
+  OptionSubPages->addTab(CreateRulePage(FoldNames, FoldingTree, Text(u"083", u"Code fold"), foldBar),
                          Text(u"072", u"Fold"));
   SetUpGrid(*FoldingTree, FoldKeys(), Text(u"308", u"Fold Option"), value);
   QStringList listItems;
@@ -109,26 +113,27 @@ QWidget* TSynForm::CreateOptionPage() {
   return OptionSubPages;
 }
 
-QWidget* TSynForm::CreateRulePage(QListWidget*& names, TNameValueGrid*& grid, const QString& listTitle) {
-  names = new QListWidget;
-  grid = new TNameValueGrid;
+QWidget* TSynForm::CreateRulePage(QListWidget*& names, TNameValueGrid*& grid, const QString& listTitle,
+                                  QToolBar* toolBar) {
   auto* splitter = new QSplitter(Qt::Vertical);
-  splitter->addWidget(Titled(listTitle, names));
+  splitter->addWidget(Titled(listTitle, Stacked({{toolBar, 0}, {names, 1}}, 0)));
   splitter->addWidget(grid);
   splitter->setStretchFactor(0, 1);
   splitter->setStretchFactor(1, 2);
   return splitter;
 }
 
-QWidget* TSynForm::CreateGroupPage(TGroupPage& page, const QString& groupTitle, const QString& itemTitle) {
+QWidget* TSynForm::CreateGroupPage(TGroupPageWidgets& page, const QString& groupTitle, const QString& itemTitle) {
   page.GroupList = new QListWidget;
   page.ItemList = new QListWidget;
   page.GroupList->setObjectName(QString(page.Member) + "GroupList");
   page.ItemList->setObjectName(QString(page.Member) + "List");
   page.ItemList->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  page.ItemList->setUniformItemSizes(true);
+  page.ItemList->setIconSize(QSize(16, 16));
   auto* splitter = new QSplitter(Qt::Horizontal);
-  splitter->addWidget(Titled(groupTitle, page.GroupList));
-  splitter->addWidget(Titled(itemTitle, page.ItemList));
+  splitter->addWidget(Titled(groupTitle, Stacked({{GroupToolBar(page), 0}, {page.GroupList, 1}}, 0)));
+  splitter->addWidget(Titled(itemTitle, Stacked({{ItemToolBar(page), 0}, {page.ItemList, 1}}, 0)));
   splitter->setStretchFactor(1, 2);
   return splitter;
 }

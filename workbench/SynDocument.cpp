@@ -71,12 +71,30 @@ bool TSynDocument::ConfirmSave() {
   }
 }
 
+void TSynDocument::ReloadPageModels() {
+  FBlockNames.Reload();
+  FFoldNames.Reload();
+  for (TGroupPage& page : FGroupPages) page.Clear();
+  if (TGroupPage* page = GroupPageOf(FActivePage)) page->RefreshGroups();
+}
+
+TGroupPage* TSynDocument::GroupPageOf(int page) {
+  switch (page) {
+  case mpKeywords: return &FGroupPages[0];
+  case mpTags: return &FGroupPages[1];
+  case mpClassCompletion: return &FGroupPages[2];
+  case mpTagCompletion: return &FGroupPages[3];
+  default: return nullptr;
+  }
+}
+
 void TSynDocument::ClearDocument() {
   FPages = TDefinitionPages();
   FSynGdx.reset();
   FSynIni.reset();
   FModified = false;
   FCaption = FHost.Language.GrammarDesk(u"000", u"Orl GrammarDesk");
+  ReloadPageModels();
   FUi.PagesReloaded();
   SetStatus(std::u16string(kClearedStatus), u"");
 }
@@ -86,9 +104,11 @@ void TSynDocument::EnablePages(bool bEnabled) {
   FUi.StateChanged();
 }
 
+// Entering a group page rebuilds its group list, so changes from elsewhere show at once.
 void TSynDocument::SetActivePage(int page) {
   if (page < 0 || page >= kMainPageCount) return;
   FActivePage = page;
+  if (TGroupPage* groups = GroupPageOf(page)) groups->RefreshGroups();
   FUi.StateChanged();
 }
 
@@ -104,6 +124,7 @@ void TSynDocument::LoadDefinition(const fs::path& fileName, const fs::path& reco
   if (!recoverName.empty()) CurrentFileNameValue = recoverName;
   FModified = false;
   FActivePage = mpOptions;
+  ReloadPageModels();
   FUi.PagesReloaded();
   SetStatus(FileNameOnly(shownName), u"");
   ElMRU1.AddFile(StringFromPath(shownName));

@@ -13,7 +13,9 @@
 #include "definition/OrlIniFiles.h"
 #include "definition/VersionList.h"
 #include "workbench/HostEnvironment.h"
+#include "workbench/GroupPage.h"
 #include "workbench/OrlMRUList.h"
+#include "workbench/RuleListPage.h"
 #include "workbench/WorkbenchUi.h"
 
 namespace orl {
@@ -41,6 +43,18 @@ public:
   const std::u16string& StatusText(int pane) const { return FStatus[size_t(pane)]; }
   TVersionLists& VersionLists() { return FVersionLists; }
   const THostEnvironment& Host() const { return FHost; }
+  IWorkbenchUi& Ui() { return FUi; }
+  /// A text of the workbench's section of the language file.
+  std::u16string Text(std::u16string_view id) const { return FHost.Language.GrammarDesk(id); }
+  /// The image the item dialog last used.
+  int IconNr() const { return FIconNr; }
+  void SetIconNr(int nr) { FIconNr = nr; }
+
+  // The pages whose rows are more than grid cells.
+  TBlockListPage& BlockNames() { return FBlockNames; }
+  TFoldListPage& FoldNames() { return FFoldNames; }
+  /// The group page of a main page, null for the others.
+  TGroupPage* GroupPageOf(int page);
 
   // --- operations the pages use -------------------------------------------
   void SetModified();
@@ -88,6 +102,7 @@ private:
   void UpdateCaption();
   void SetStatus(std::u16string pane1, std::u16string pane2);
   void DropDocument();
+  void ReloadPageModels();
 
   THostEnvironment& FHost;
   IWorkbenchUi& FUi;
@@ -102,6 +117,13 @@ private:
   std::u16string FCaption;
   std::array<std::u16string, 2> FStatus;
   TOrlMRUList ElMRU1;
+  int FIconNr = 0;
+  TBlockListPage FBlockNames{*this};
+  TFoldListPage FFoldNames{*this};
+  std::array<TGroupPage, 4> FGroupPages{{{*this, TGroupMember::gmKeyword},
+                                          {*this, TGroupMember::gmTag},
+                                          {*this, TGroupMember::gmClassCompletion},
+                                          {*this, TGroupMember::gmTagCompletion}}};
 };
 
 } // namespace orl

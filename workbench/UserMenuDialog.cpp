@@ -3,34 +3,39 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QPushButton>
 #include <QHBoxLayout>
-#include <QPlainTextEdit>
-#include <QToolButton>
-
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "definition/DefinitionFormat.h"
+#include "widgets/MenuImages.h"
 #include "workbench/HostEnvironment.h"
 
 namespace orl {
 
 namespace {
-QString Q(const std::u16string& s) { return QString::fromStdU16String(s); }
+QString Q(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype(s.size())); }
+constexpr int kVariableImage = 21;
 } // namespace
 
 TUserMenuForm::TUserMenuForm(const TLanguageTexts& language, QWidget* parent) : QDialog(parent) {
   setWindowTitle(Q(language.GrammarDesk(u"312")));
   cboItem = new QComboBox;
   cboItem->setEditable(true);
+  cboItem->installEventFilter(this);
   BitBtn1 = new QToolButton;
   BitBtn1->setText("...");
   DataMemo = new QPlainTextEdit;
   ComboBoxEx1 = new QComboBox;
-  for (const TImageLetter& image : ImageLetters())
-    ComboBoxEx1->addItem(QString::fromUtf16(image.Caption.data(), qsizetype(image.Caption.size())));
+  const auto images = ImageLetters();
+  for (size_t i = 0; i < images.size(); ++i) ComboBoxEx1->addItem(MenuImage(int(i)), Q(images[i].Caption));
   cbVariable = new QCheckBox(Q(language.GrammarDesk(u"316")));
+  connect(cbVariable, &QCheckBox::toggled, this, &TUserMenuForm::SetVariableMode);
 
   auto* caption = new QHBoxLayout;
   caption->addWidget(cboItem, 1);
@@ -48,6 +53,80 @@ TUserMenuForm::TUserMenuForm(const TLanguageTexts& language, QWidget* parent) : 
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   form->addWidget(buttons);
+  resize(460, 360);
+}
+
+// In variable mode the item names another group: its caption is picked from
+// the groups with `@`, and it has no text of its own and the image "var".
+void TUserMenuForm::SetVariableMode(bool bOn) {
+  cboItem->clear();
+  cboItem->setEditable(!bOn);
+  if (bOn) {
+    for (const std::u16string& group : FVariables) cboItem->addItem(Q(group));
+    ComboBoxEx1->setCurrentIndex(kVariableImage);
+    DataMemo->clear();
+  } else {
+    cboItem->setEditText(QString());
+  }
+  ComboBoxEx1->setEnabled(!bOn);
+  DataMemo->setEnabled(!bOn);
+  BitBtn1->setEnabled(!bOn);
+}
+
+bool TUserMenuForm::Edit(TItemDialogData& item) {
+  FVariables = item.Variables;
+  setWindowTitle(Q(item.Title));
+  cbVariable->blockSignals(true);
+  cbVariable->setChecked(item.bVariable);
+  cbVariable->blockSignals(false);
+  SetVariableMode(item.bVariable);
+  if (item.bVariable) cboItem->setCurrentText(Q(item.Caption));
+  else {
+    cboItem->setEditText(Q(item.Caption));
+    DataMemo->setPlainText(Q(item.Text));
+    ComboBoxEx1->setCurrentIndex(item.ImageIndex < 0 ? 0 : item.ImageIndex);
+  }
+  cboItem->setFocus();
+  const bool bOk = exec() == QDialog::Accepted;
+  if (bOk) {
+    item.Caption = cboItem->currentText().toStdU16String();
+    item.Text = DataMemo->toPlainText().toStdU16String();
+    item.ImageIndex = ComboBoxEx1->currentIndex();
+    item.bVariable = cbVariable->isChecked();
+  }
+  cbVariable->setChecked(false);
+  return bOk;
+}
+
+void TUserMenuForm::keyPressEvent(QKeyEvent* event) {
+  if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && (event->modifiers() & Qt::ControlModifier)) {
+    accept();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+// Ctrl+Down in the caption copies it (or its selection) into the insert text.
+bool TUserMenuForm::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == cboItem && event->type() == QEvent::KeyPress) {
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Down && (key->modifiers() & Qt::ControlModifier)) {
+      CopyCaptionToText();
+      return true;
+    }
+    if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && (key->modifiers() & Qt::ControlModifier)) {
+      accept();
+      return true;
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void TUserMenuForm::CopyCaptionToText() {
+  const QLineEdit* edit = cboItem->lineEdit();
+  const QString text = edit && edit->hasSelectedText() ? edit->selectedText() : cboItem->currentText();
+  DataMemo->insertPlainText(text);
+  DataMemo->setFocus();
 }
 
 } // namespace orl

@@ -1,9 +1,10 @@
 #pragma once
 // The item dialog of the user menu and the completion pages: caption, insert
-// text, image, and whether the item stands for another group. Its behaviour
-// comes with the pages that open it.
+// text, image, and whether the item stands for another group.
 
 #include <QDialog>
+
+#include "workbench/WorkbenchUi.h"
 
 class QCheckBox;
 class QComboBox;
@@ -19,11 +20,24 @@ class TUserMenuForm : public QDialog {
 public:
   TUserMenuForm(const TLanguageTexts& language, QWidget* parent = nullptr);
 
+  /// Shows the dialog on `item` and writes the result back; false on Cancel.
+  bool Edit(TItemDialogData& item);
+
   QComboBox* cboItem;
   QPlainTextEdit* DataMemo;
   QComboBox* ComboBoxEx1;
   QCheckBox* cbVariable;
   QToolButton* BitBtn1;
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void SetVariableMode(bool bOn);
+  void CopyCaptionToText();
+
+  std::vector<std::u16string> FVariables;
 };
 
 } // namespace orl

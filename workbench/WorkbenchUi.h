@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orl {
 
@@ -19,10 +20,31 @@ struct TFileDialogOptions {
   std::filesystem::path FileName;     ///< the name the dialog starts with
 };
 
+/// What the item dialog edits: one completion or user-menu item.
+struct TItemDialogData {
+  std::u16string Title;
+  std::u16string Caption;
+  std::u16string Text;        ///< insert text, line breaks as `\n`
+  int ImageIndex = 0;
+  bool bVariable = false;     ///< the item stands for another group
+  std::vector<std::u16string> Variables;  ///< the groups it may stand for (names with `@`)
+};
+
 class IWorkbenchUi {
 public:
   virtual ~IWorkbenchUi() = default;
-  virtual TMsgResult MessageBox(const std::u16string& text, TMsgButtons buttons) = 0;
+  /// A question; an empty title means the form's caption.
+  virtual TMsgResult MessageBox(const std::u16string& text, TMsgButtons buttons, const std::u16string& title = {}) = 0;
+  /// A prompt box starting with `initial`; nothing when the user cancels.
+  virtual std::optional<std::u16string> Prompt(const std::u16string& title, const std::u16string& prompt,
+                                               const std::u16string& initial) = 0;
+  virtual std::u16string ClipboardText() = 0;
+  virtual void SetClipboardText(const std::u16string& text) = 0;
+  /// The word dialog: the words collected, or nothing on Cancel. With
+  /// `bRegExKeyword` it takes one regular expression only.
+  virtual std::optional<std::vector<std::u16string>> AddWords(bool bRegExKeyword) = 0;
+  /// The item dialog, modal; false on Cancel.
+  virtual bool EditItem(TItemDialogData& item) = 0;
   /// The chosen file, or nothing when the user cancels.
   virtual std::optional<std::filesystem::path> OpenDialog(const TFileDialogOptions& options) = 0;
   /// The chosen file, or nothing; the dialog itself asks before overwriting.

@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
   orl::TSyntaxAbout about(host.Language, &form);
   orl::TUserMenuForm userMenu(host.Language, &form);
   orl::TAddForm addForm(host.Language, &form);
-  form.SetAboutBox(&about);
+  form.SetDialogs(&about, &userMenu, &addForm);
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   form.show();
   QTimer::singleShot(0, &form, [&] { form.FormShow(arguments); });

@@ -22,7 +22,7 @@ TEST(DefinitionItems, CompletionItemsSplitAtHashAndTheFirstPlus) {
   EXPECT_EQ(items[3].Caption, u"@Grp");
   EXPECT_EQ(items[4].Caption, u"");
   EXPECT_EQ(items[4].InsertText, u"plain");
-  EXPECT_EQ(items[5].InsertText, u"l1\nl2");
+  EXPECT_EQ(items[5].InsertText, u"l1\fl2");
   EXPECT_EQ(items[5].ImageLetter, u'v');
   EXPECT_TRUE(SplitCompletionItems(u"").empty());
   EXPECT_EQ(SplitCompletionItems(u"#").size(), 1u);
@@ -34,7 +34,7 @@ TEST(DefinitionItems, UserMenuEntrySplitsAtTheLastPlus) {
   EXPECT_EQ(e.InsertText, u"b+c");
   EXPECT_EQ(e.ImageLetter, u'm');
   const TUserMenuEntry f = SplitUserMenuEntry(u"Cap|x\fy+ Q");
-  EXPECT_EQ(f.InsertText, u"x\ny");
+  EXPECT_EQ(f.InsertText, u"x\fy");
   EXPECT_EQ(f.ImageIndex, 0);  // not in the table
   EXPECT_EQ(SplitUserMenuEntry(u"only").Caption, u"only");
 }
