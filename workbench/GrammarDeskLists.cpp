@@ -228,7 +228,7 @@ void TSynForm::ShowItems(TGroupPageWidgets& page) {
   QListWidget& list = *page.ItemList;
   list.setUpdatesEnabled(false);
   list.clear();
-  if (model.HasCompletionItems()) {
+  if (model.HasImages()) {
     for (const TItemRow& row : model.Items()) list.addItem(new QListWidgetItem(MenuImage(row.Object ? row.Object->nr : 0), Q(row.Text)));
   } else {
     QStringList words;

@@ -27,6 +27,7 @@ struct TItemDialogData {
   std::u16string Text;        ///< insert text, line breaks as `\n`
   int ImageIndex = 0;
   bool bVariable = false;     ///< the item stands for another group
+  bool bVariableAllowed = true;  ///< the user menu has no such items
   std::vector<std::u16string> Variables;  ///< the groups it may stand for (names with `@`)
 };
 
