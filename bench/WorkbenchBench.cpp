@@ -29,6 +29,8 @@ struct TQuietUi : IWorkbenchUi {
   void SetClipboardText(const std::u16string&) override {}
   std::optional<std::vector<std::u16string>> AddWords(bool) override { return std::nullopt; }
   bool EditItem(TItemDialogData&) override { return false; }
+  void OpenUrl(const std::u16string&) override {}
+  void Pause(std::chrono::milliseconds) override {}
   std::optional<fs::path> OpenDialog(const TFileDialogOptions&) override { return std::nullopt; }
   std::optional<fs::path> SaveDialog(const TFileDialogOptions&) override { return std::nullopt; }
   void SetWaitCursor(bool) override {}

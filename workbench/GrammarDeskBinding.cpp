@@ -69,28 +69,29 @@ void TSynForm::ConnectEdits() {
     for (const char* line : {"<b>Syntax:</b> ", "<b>Author:</b> ", "<b>Version:</b> ", "<b>Date:</b> ", "", "<b>Info:</b>", ""})
       InfoMemo->appendPlainText(line);
   });
-  connect(HintsList, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (row < 0) return;
-    const THint hint = SplitHint(U(HintsList->item(row)->text()));
-    cboHintType->setCurrentIndex(hint.Type - 1);
-    const bool bIdInMemo = hint.Type == 1;
-    HintsEdit->setText(Q(bIdInMemo ? hint.Description : hint.Identifier));
-    HintsMemo->setPlainText(Q(bIdInMemo ? hint.Identifier : hint.Description));
+  // Extensions are no edit of the definition's rules: they do not mark it modified.
+  auto addExtension = [this] {
+    if (!FDocument->AddFileExtension(U(txtFileExtensions->text()))) return;
+    txtFileExtensions->clear();
+    FillTextPages();
+  };
+  connect(FExtensionAdd, &QPushButton::clicked, this, addExtension);
+  connect(txtFileExtensions, &QLineEdit::returnPressed, this, addExtension);
+  connect(FExtensionDelete, &QPushButton::clicked, this, [this] {
+    FDocument->DeleteFileExtension(lbFileExtensions->currentRow());
+    FillTextPages();
   });
   connect(MainPages, &QTabWidget::currentChanged, this, &TSynForm::OnPageChanged);
-  // Editing hints, groups and menu entries comes with those pages' own commands;
-  // until then the selected hint is shown read-only.
-  HintsEdit->setReadOnly(true);
-  HintsMemo->setReadOnly(true);
-  cboHintType->setEnabled(false);
+  ConnectHints();
 }
 
 void TSynForm::PagesReloaded() {
   FFilling = true;
   FillGrids();
   FillTextPages();
-  RefreshUserMenuList();
   FFilling = false;
+  ShowHints();
+  ShowUserMenu();
   ShowRuleList(FDocument->BlockNames(), *BlockNames, *BlockTree);
   ShowRuleList(FDocument->FoldNames(), *FoldNames, *FoldingTree);
   for (TGroupPageWidgets& page : FGroupWidgets) ShowGroupPage(page);
@@ -108,11 +109,6 @@ void TSynForm::FillTextPages() {
   const TDefinitionPages& pages = FDocument->Pages();
   InfoMemo->setPlainText(JoinLines(pages.Info));
   SampleMemo->setPlainText(JoinLines(pages.Sample));
-  HintsList->clear();
-  for (const auto& hint : pages.Hints) HintsList->addItem(Q(hint));
-  cboHintType->setCurrentIndex(pages.Hints.empty() ? 1 : SplitHint(pages.Hints.front()).Type - 1);
-  HintsEdit->clear();
-  HintsMemo->clear();
   txtAuthor->setText(Q(pages.Version.Author));
   txtDate->setText(Q(pages.Version.Date));
   txtVersion->setText(Q(pages.Version.Version));
@@ -120,20 +116,13 @@ void TSynForm::FillTextPages() {
   for (const auto& extension : pages.FileExtensions) lbFileExtensions->addItem(Q(extension));
 }
 
-void TSynForm::RefreshUserMenuList() {
-  UserMenuList->clear();
-  TMemIniFile* ini = FDocument->SynIni();
-  if (!ini) return;
-  TStringList entries;
-  ini->ReadSectionValues(sections::UserMenu, entries);
-  for (int i = 0; i < entries.Count(); ++i) UserMenuList->addItem(Q(SplitUserMenuEntry(entries.ValueFromIndex(i)).Caption));
-}
+void TSynForm::ShowUserMenu() { ShowItemRows(*UserMenuList, FDocument->UserMenu()); }
 
 void TSynForm::OnPageChanged(int page) {
   FDocument->SetActivePage(page);
   for (TGroupPageWidgets& groups : FGroupWidgets)
     if (groups.MainPage == page) ShowGroupPage(groups);
-  if (page == mpUserMenu) RefreshUserMenuList();
+  if (page == mpUserMenu) ShowUserMenu();
 }
 
 } // namespace orl

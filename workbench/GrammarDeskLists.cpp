@@ -70,6 +70,9 @@ QToolBar* TSynForm::RuleToolBar(TRuleListPage<TRule>& model, QListWidget*& list,
   AddCommand(*bar, names, s.standardIcon(QStyle::SP_ArrowDown),
              Q(FHost.Language.Hint(u"GrammarDesk", u"320", u"Down")), QKeySequence(Qt::CTRL | Qt::Key_Down),
              command(&TRuleListPage<TRule>::Down));
+  const bool bFolds = std::is_same_v<TRule, TFoldObject>;
+  AddCommand(*bar, names, s.standardIcon(QStyle::SP_DialogHelpButton), Q(FHost.Language.Text(u"Menu", u"m07", u"Help")),
+             {}, [this, bFolds] { FDocument->OpenHelp(bFolds ? u"?Folding.html" : u"?Block.html", bFolds ? 52 : 51); });
   connect(&names, &QListWidget::currentRowChanged, this, [this, &model, &names, &cells](int row) {
     if (FFilling || row < 0) return;
     model.Select(row);
@@ -143,71 +146,82 @@ QToolBar* TSynForm::GroupToolBar(TGroupPageWidgets& page) {
   return bar;
 }
 
-QToolBar* TSynForm::ItemToolBar(TGroupPageWidgets& page) {
+// The commands every item list has come from the model; `own` adds a page's own.
+QToolBar* TSynForm::ItemToolBar(QListWidget& list, TItemListPage& model, const TItemCommands& own,
+                                std::function<void()> show, QAction** addAction) {
   auto* bar = new QToolBar;
   bar->setIconSize(QSize(16, 16));
-  QListWidget& list = *page.ItemList;
-  auto command = [this, &page](auto operation) {
-    return [this, &page, operation] {
-      operation(Model(page));
-      ShowItems(page);
+  auto command = [this, show](std::function<void()> operation) {
+    return [operation, show] {
+      operation();
+      show();
     };
   };
+  auto shared = [&model](void (TItemListPage::*operation)()) { return [&model, operation] { (model.*operation)(); }; };
   const TLanguageTexts& l = FHost.Language;
   QStyle& s = *style();
-  const bool bCompletion = page.MainPage == mpClassCompletion || page.MainPage == mpTagCompletion;
-  page.ItemAdd = AddCommand(*bar, list, GlyphIcon("+"), Q(l.Hint(u"GrammarDesk", u"300", u"Add")),
-                            QKeySequence(Qt::Key_Insert), command([](TGroupPage& m) { m.ItemAdd(); }));
+  QAction* add = AddCommand(*bar, list, GlyphIcon("+"), Q(l.Hint(u"GrammarDesk", u"300", u"Add")),
+                            QKeySequence(Qt::Key_Insert), command(own.Add));
+  if (addAction) *addAction = add;
   AddCommand(*bar, list, GlyphIcon("\u270E"), Q(l.Hint(u"GrammarDesk", u"301", u"Edit")), QKeySequence(Qt::Key_F2),
-             command([](TGroupPage& m) { m.ItemEdit(); }));
-  AddCommand(*bar, list, GlyphIcon(bCompletion ? "\u25A3" : "A-Z"),
-             Q(bCompletion ? l.Hint(u"GrammarDesk", u"317", u"Sort by image") : l.Hint(u"GrammarDesk", u"303", u"Sort")),
-             {}, command([](TGroupPage& m) { m.ItemSort(); }));
-  if (bCompletion)
+             command(own.Edit));
+  const bool bImages = model.HasImages();
+  AddCommand(*bar, list, GlyphIcon(bImages ? "\u25A3" : "A-Z"),
+             Q(bImages ? l.Hint(u"GrammarDesk", u"317", u"Sort by image") : l.Hint(u"GrammarDesk", u"303", u"Sort")), {},
+             command(bImages ? shared(&TItemListPage::ItemSortByImage) : shared(&TItemListPage::ItemSortA)));
+  if (bImages)
     AddCommand(*bar, list, GlyphIcon("A-Z"), Q(l.Hint(u"GrammarDesk", u"303", u"Sort")), {},
-               command([](TGroupPage& m) { m.ItemSortA(); }));
+               command(shared(&TItemListPage::ItemSortA)));
   AddCommand(*bar, list, s.standardIcon(QStyle::SP_TrashIcon), Q(l.Hint(u"GrammarDesk", u"302", u"Delete")),
-             QKeySequence::Delete, command([](TGroupPage& m) { m.ItemDelete(); }));
+             QKeySequence::Delete, command([&model] { model.ItemDelete(); }));
   AddCommand(*bar, list, s.standardIcon(QStyle::SP_ArrowUp), Q(l.Hint(u"GrammarDesk", u"319", u"Up")),
-             QKeySequence(Qt::CTRL | Qt::Key_Up), command([](TGroupPage& m) { m.ItemUp(); }));
+             QKeySequence(Qt::CTRL | Qt::Key_Up), command(shared(&TItemListPage::ItemUp)));
   AddCommand(*bar, list, s.standardIcon(QStyle::SP_ArrowDown), Q(l.Hint(u"GrammarDesk", u"320", u"Down")),
-             QKeySequence(Qt::CTRL | Qt::Key_Down), command([](TGroupPage& m) { m.ItemDown(); }));
-  if (!bCompletion) {
-    AddCommand(*bar, list, GlyphIcon("AB"), Q(l.Hint(u"Hints", u"113", u"Uppercase")), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_U),
-               command([](TGroupPage& m) { m.ItemUppercase(); }));
+             QKeySequence(Qt::CTRL | Qt::Key_Down), command(shared(&TItemListPage::ItemDown)));
+  if (own.Upper) {
+    AddCommand(*bar, list, GlyphIcon("AB"), Q(l.Hint(u"Hints", u"113", u"Uppercase")),
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_U), command(own.Upper));
     AddCommand(*bar, list, GlyphIcon("ab"), Q(l.Hint(u"Hints", u"114", u"Lowercase")), QKeySequence(Qt::CTRL | Qt::Key_U),
-               command([](TGroupPage& m) { m.ItemLowercase(); }));
-    AddCommand(*bar, list, GlyphIcon("Ab"), Q(l.Hint(u"Hints", u"112", u"Capitalize")), {},
-               command([](TGroupPage& m) { m.ItemCapitalize(); }));
+               command(own.Lower));
+    AddCommand(*bar, list, GlyphIcon("Ab"), Q(l.Hint(u"Hints", u"112", u"Capitalize")), {}, command(own.Capitalize));
   }
   AddCommand(*bar, list, GlyphIcon("\u2702"), Q(l.Hint(u"Hints", u"007", u"Cut")), QKeySequence::Cut,
-             command([](TGroupPage& m) { m.ItemCut(); }));
+             command(shared(&TItemListPage::ItemCut)));
   AddCommand(*bar, list, CopyIcon(), Q(l.Hint(u"Hints", u"008", u"Copy")), QKeySequence::Copy,
-             command([](TGroupPage& m) { m.ItemCopy(); }));
-  AddCommand(*bar, list, PasteIcon(), Q(l.Hint(u"Hints", u"009", u"Paste")), QKeySequence::Paste,
-             command([](TGroupPage& m) { m.ItemPaste(); }));
-  if (bCompletion) {
-    auto* images = new QMenu(bar);
-    const auto letters = ImageLetters();
-    for (int i = 0; i < int(letters.size()); ++i)
-      images->addAction(MenuImage(i), Q(letters[size_t(i)].Caption), this, [this, &page, i] {
-        Run([&] {
-          Model(page).ItemReplaceImages(i);
-          ShowItems(page);
-        });
-      });
-    QAction* pick = bar->addAction(MenuImage(1), Q(l.Hint(u"GrammarDesk", u"318", u"Images")));
-    pick->setMenu(images);
-    static_cast<QToolButton*>(bar->widgetForAction(pick))->setPopupMode(QToolButton::InstantPopup);
-  }
-  connect(&list, &QListWidget::itemSelectionChanged, this, [this, &page] {
-    if (!FFilling) Model(page).SelectItems(SelectedRows(*page.ItemList), page.ItemList->currentRow());
+             command(shared(&TItemListPage::ItemCopy)));
+  AddCommand(*bar, list, PasteIcon(), Q(l.Hint(u"Hints", u"009", u"Paste")), QKeySequence::Paste, command(own.Paste));
+  if (bImages) AddImagesMenu(*bar, model, show);
+  connect(&list, &QListWidget::itemSelectionChanged, this, [this, &list, &model] {
+    if (!FFilling) model.SelectItems(SelectedRows(list), list.currentRow());
   });
-  connect(&list, &QListWidget::itemDoubleClicked, this, [this, &page] { Run([&] {
-            Model(page).ItemEdit();
-            ShowItems(page);
-          }); });
+  connect(&list, &QListWidget::itemDoubleClicked, this, [this, edit = command(own.Edit)] { Run(edit); });
   return bar;
+}
+
+void TSynForm::AddImagesMenu(QToolBar& bar, TItemListPage& model, std::function<void()> show) {
+  auto* images = new QMenu(&bar);
+  const auto letters = ImageLetters();
+  for (int i = 0; i < int(letters.size()); ++i)
+    images->addAction(MenuImage(i), Q(letters[size_t(i)].Caption), this, [this, &model, show, i] {
+      Run([&] {
+        model.ItemReplaceImages(i);
+        show();
+      });
+    });
+  QAction* pick = bar.addAction(MenuImage(1), Q(FHost.Language.Hint(u"GrammarDesk", u"318", u"Images")));
+  pick->setMenu(images);
+  static_cast<QToolButton*>(bar.widgetForAction(pick))->setPopupMode(QToolButton::InstantPopup);
+}
+
+QToolBar* TSynForm::GroupItemToolBar(TGroupPageWidgets& page) {
+  TGroupPage& model = Model(page);
+  TItemCommands own{[&model] { model.ItemAdd(); }, [&model] { model.ItemEdit(); }, [&model] { model.ItemPaste(); }};
+  if (!model.HasImages()) {
+    own.Upper = [&model] { model.ItemUppercase(); };
+    own.Lower = [&model] { model.ItemLowercase(); };
+    own.Capitalize = [&model] { model.ItemCapitalize(); };
+  }
+  return ItemToolBar(*page.ItemList, model, own, [this, &page] { ShowItems(page); }, &page.ItemAdd);
 }
 
 void TSynForm::ShowGroupPage(TGroupPageWidgets& page) {
@@ -223,13 +237,17 @@ void TSynForm::ShowGroupPage(TGroupPageWidgets& page) {
 
 // Word rows show their text; completion rows their image too.
 void TSynForm::ShowItems(TGroupPageWidgets& page) {
+  ShowItemRows(*page.ItemList, Model(page));
+  page.ItemAdd->setEnabled(Model(page).ItemAddEnabled());
+}
+
+void TSynForm::ShowItemRows(QListWidget& list, const TItemListPage& model) {
   FFilling = true;
-  const TGroupPage& model = Model(page);
-  QListWidget& list = *page.ItemList;
   list.setUpdatesEnabled(false);
   list.clear();
   if (model.HasImages()) {
-    for (const TItemRow& row : model.Items()) list.addItem(new QListWidgetItem(MenuImage(row.Object ? row.Object->nr : 0), Q(row.Text)));
+    for (const TItemRow& row : model.Items())
+      list.addItem(new QListWidgetItem(MenuImage(row.Object ? row.Object->nr : 0), Q(row.Text)));
   } else {
     QStringList words;
     words.reserve(qsizetype(model.Items().size()));
@@ -239,7 +257,6 @@ void TSynForm::ShowItems(TGroupPageWidgets& page) {
   for (int row : model.SelectedItems()) list.item(row)->setSelected(true);
   if (model.ItemIndex() >= 0) list.setCurrentRow(model.ItemIndex(), QItemSelectionModel::NoUpdate);
   list.setUpdatesEnabled(true);
-  page.ItemAdd->setEnabled(model.ItemAddEnabled());
   FFilling = false;
 }
 

@@ -3,6 +3,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QTimer>
+#include <QUrl>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -109,11 +113,15 @@ void TSynForm::CreateMenus() {
   file->addAction(Q(l.Text(u"Menu", u"0004", u"Save")), QKeySequence::Save, this, command(&TSynDocument::FileSave));
   file->addAction(Q(l.Text(u"Menu", u"0005", u"Save As...")), QKeySequence::SaveAs, this,
                   command(&TSynDocument::FileSaveAs));
+  QMenu* import = file->addMenu(Text(u"002", u"Import"));
+  import->addAction(Text(u"003", u"UltraEdit Wordfile..."), this, command(&TSynDocument::FileImportWordfile));
   file->addSeparator();
   file->addAction(Q(l.Text(u"Menu", u"0015", u"Close")), QKeySequence(Qt::CTRL | Qt::Key_F4), this,
                   command(&TSynDocument::FileClose));
   file->addAction(Q(l.Text(u"Menu", u"0011", u"Exit")), QKeySequence::Quit, this, &QWidget::close);
   QMenu* help = menuBar()->addMenu(Q(l.Text(u"Menu", u"m07", u"Help")).prepend('&'));
+  help->addAction(Q(l.Text(u"Menu", u"7000", u"Content...")), QKeySequence::HelpContents, this,
+                  command(&TSynDocument::HelpContent));
   help->addAction(Q(l.Text(u"Menu", u"7001", u"About...")), this, [this] {
     if (FAbout) FAbout->exec();
   });
@@ -182,6 +190,14 @@ std::optional<std::vector<std::u16string>> TSynForm::AddWords(bool bRegExKeyword
 
 bool TSynForm::EditItem(TItemDialogData& item) { return FUserMenu && FUserMenu->Edit(item); }
 
+void TSynForm::OpenUrl(const std::u16string& url) { QDesktopServices::openUrl(QUrl(Q(url))); }
+
+void TSynForm::Pause(std::chrono::milliseconds time) {
+  QEventLoop loop;
+  QTimer::singleShot(time, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
 namespace {
 QString DialogFilter(const TFileDialogOptions& o) {
   return Q(o.Filter.substr(0, o.Filter.find(u'('))) + "(" + Q(o.Mask) + ")";
@@ -219,6 +235,7 @@ void TSynForm::StateChanged() {
                                                      BtnInfoKeyAdd, OptionSubPages})
     w->setEnabled(bEnabled);
   for (QToolBar* bar : findChildren<QToolBar*>()) bar->setEnabled(bEnabled);
+  for (QPushButton* button : FHintButtons) button->setEnabled(bEnabled);
   if (MainPages->currentIndex() != FDocument->ActivePage()) MainPages->setCurrentIndex(FDocument->ActivePage());
 }
 

@@ -62,6 +62,8 @@ public:
   void SetClipboardText(const std::u16string& text) override;
   std::optional<std::vector<std::u16string>> AddWords(bool bRegExKeyword) override;
   bool EditItem(TItemDialogData& item) override;
+  void OpenUrl(const std::u16string& url) override;
+  void Pause(std::chrono::milliseconds time) override;
   std::optional<std::filesystem::path> OpenDialog(const TFileDialogOptions& options) override;
   std::optional<std::filesystem::path> SaveDialog(const TFileDialogOptions& options) override;
   void SetWaitCursor(bool bWait) override;
@@ -114,10 +116,26 @@ private:
   QToolBar* RuleToolBar(TRuleListPage<TRule>& model, QListWidget*& list, TNameValueGrid*& grid);
   template <typename TRule>
   void ShowRuleList(TRuleListPage<TRule>& model, QListWidget& list, TNameValueGrid& grid);
+  /// The commands of an item list that are a page's own; an empty one is left out.
+  struct TItemCommands {
+    std::function<void()> Add, Edit, Paste;
+    std::function<void()> Upper = {}, Lower = {}, Capitalize = {};
+  };
   QToolBar* GroupToolBar(TGroupPageWidgets& page);
-  QToolBar* ItemToolBar(TGroupPageWidgets& page);
+  QToolBar* GroupItemToolBar(TGroupPageWidgets& page);
+  QToolBar* ItemToolBar(QListWidget& list, TItemListPage& model, const TItemCommands& own, std::function<void()> show,
+                        QAction** addAction = nullptr);
+  void AddImagesMenu(QToolBar& bar, TItemListPage& model, std::function<void()> show);
   void ShowGroupPage(TGroupPageWidgets& page);
   void ShowItems(TGroupPageWidgets& page);
+  void ShowItemRows(QListWidget& list, const TItemListPage& model);
+  void ShowUserMenu();
+
+  // The hints page (GrammarDeskHints.cpp)
+  void ConnectHints();
+  void ShowHints();
+  void ShowHintFields();
+  void ShowHintRow();
   TGroupPage& Model(const TGroupPageWidgets& page) { return *FDocument->GroupPageOf(page.MainPage); }
   QAction* AddCommand(QToolBar& bar, QWidget& target, const QIcon& icon, const QString& tip,
                       const QKeySequence& key, std::function<void()> command);
@@ -126,7 +144,6 @@ private:
   void ConnectEdits();
   void FillGrids();
   void FillTextPages();
-  void RefreshUserMenuList();
   void OnPageChanged(int page);
 
   /// Runs a command; an error from the stores is shown in a message box.
@@ -140,6 +157,11 @@ private:
   TAddForm* FAddForm = nullptr;
   std::array<TGroupPageWidgets, 4> FGroupWidgets;
   QLabel* FStatus[2] = {nullptr, nullptr};
+  QLabel* FLabelId = nullptr;
+  QLabel* FLabelDesc = nullptr;
+  std::vector<QPushButton*> FHintButtons;
+  QPushButton* FExtensionAdd = nullptr;
+  QPushButton* FExtensionDelete = nullptr;
   std::unique_ptr<TQtMruMenu> FRecentMenu;
   bool FFilling = false;
 };

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -133,33 +134,21 @@ QWidget* TSynForm::CreateGroupPage(TGroupPageWidgets& page, const QString& group
   page.ItemList->setIconSize(QSize(16, 16));
   auto* splitter = new QSplitter(Qt::Horizontal);
   splitter->addWidget(Titled(groupTitle, Stacked({{GroupToolBar(page), 0}, {page.GroupList, 1}}, 0)));
-  splitter->addWidget(Titled(itemTitle, Stacked({{ItemToolBar(page), 0}, {page.ItemList, 1}}, 0)));
+  splitter->addWidget(Titled(itemTitle, Stacked({{GroupItemToolBar(page), 0}, {page.ItemList, 1}}, 0)));
   splitter->setStretchFactor(1, 2);
   return splitter;
 }
 
 QWidget* TSynForm::CreateUserMenuPage() {
   UserMenuList = new QListWidget;
+  UserMenuList->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  UserMenuList->setIconSize(QSize(16, 16));
+  TUserMenuPage& menu = FDocument->UserMenu();
+  QToolBar* bar = ItemToolBar(*UserMenuList, menu,
+                              {[&menu] { menu.Add(); }, [&menu] { menu.Edit(); }, [&menu] { menu.Paste(); }},
+                              [this] { ShowUserMenu(); });
   return Titled(Text(u"090", u"List of functions, tags or whatever you want to display with \"Ctrl+Space\""),
-                UserMenuList);
-}
-
-QWidget* TSynForm::CreateHintsPage() {
-  HintsList = new QListWidget;
-  HintsList->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  cboHintType = new QComboBox;
-  cboHintType->addItems({"1", "2", "3"});
-  HintsEdit = new QLineEdit;
-  HintsMemo = new QPlainTextEdit;
-  auto* fields = new QWidget;
-  auto* form = new QFormLayout(fields);
-  form->addRow(QString(), cboHintType);
-  form->addRow(Text(u"094", u"Id / func"), HintsEdit);
-  form->addRow(Text(u"102", u"Desc / Header"), HintsMemo);
-  auto* splitter = new QSplitter(Qt::Vertical);
-  splitter->addWidget(HintsList);
-  splitter->addWidget(fields);
-  return splitter;
+                Stacked({{bar, 0}, {UserMenuList, 1}}, 0));
 }
 
 QWidget* TSynForm::CreateSamplePage() {
@@ -177,9 +166,11 @@ QWidget* TSynForm::CreateAuthorPage() {
   form->addRow(Text(u"101", u"Version"), txtVersion = new QLineEdit);
 
   auto* extensions = new QGroupBox(Q(FHost.Language.Text(u"Addons", u"011", u"Default file ext")));
-  auto* extensionLayout = new QVBoxLayout(extensions);
-  extensionLayout->addWidget(txtFileExtensions = new QLineEdit);
-  extensionLayout->addWidget(lbFileExtensions = new QListWidget);
+  auto* extensionLayout = new QGridLayout(extensions);
+  extensionLayout->addWidget(txtFileExtensions = new QLineEdit, 0, 0);
+  extensionLayout->addWidget(FExtensionAdd = new QPushButton(Text(u"300", u"Add")), 0, 1);
+  extensionLayout->addWidget(lbFileExtensions = new QListWidget, 1, 0, 2, 1);
+  extensionLayout->addWidget(FExtensionDelete = new QPushButton(Text(u"302", u"Delete")), 1, 1);
 
   auto* info = new QGroupBox(Text(u"096", u"Add information about the syntax definition file and who wrote it."));
   auto* infoLayout = new QVBoxLayout(info);

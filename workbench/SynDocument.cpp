@@ -1,6 +1,7 @@
 #include "workbench/SynDocument.h"
 
 #include "definition/DefinitionFormat.h"
+#include "platform/ChildProcess.h"
 #include "platform/CodePages.h"
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
@@ -74,6 +75,8 @@ bool TSynDocument::ConfirmSave() {
 void TSynDocument::ReloadPageModels() {
   FBlockNames.Reload();
   FFoldNames.Reload();
+  FHints.Reload();
+  FUserMenu.Refresh();
   for (TGroupPage& page : FGroupPages) page.Clear();
   if (TGroupPage* page = GroupPageOf(FActivePage)) page->RefreshGroups();
 }
@@ -109,6 +112,7 @@ void TSynDocument::SetActivePage(int page) {
   if (page < 0 || page >= kMainPageCount) return;
   FActivePage = page;
   if (TGroupPage* groups = GroupPageOf(page)) groups->RefreshGroups();
+  if (page == mpUserMenu) FUserMenu.Refresh();
   FUi.StateChanged();
 }
 
@@ -291,6 +295,105 @@ void TSynDocument::RestoreRecovery() {
   UpdateCaption();
   std::error_code ec;
   for (const char* extension : {".txt", ".gdx", ".ini"}) fs::remove(CrashDataFile(extension), ec);
+}
+
+} // namespace orl
+
+namespace orl {
+namespace fs = std::filesystem;
+
+namespace {
+// Where help pages live online; a build may point it elsewhere.
+#ifndef ORL_HELP_BASE_URL
+#define ORL_HELP_BASE_URL "https://help.grammardesk.example"
+#endif
+constexpr std::u16string_view kHelpBase = u"" ORL_HELP_BASE_URL;
+constexpr auto kConverterPoll = std::chrono::milliseconds(2000);
+constexpr auto kConverterLimit = std::chrono::seconds(120);
+} // namespace
+
+bool TSynDocument::AddFileExtension(std::u16string text) {
+  if (text.size() < 2) return false;
+  if (text.front() != u'.') text.insert(text.begin(), u'.');
+  FPages.FileExtensions.push_back(std::move(text));
+  return true;
+}
+
+void TSynDocument::DeleteFileExtension(int index) {
+  if (index >= 0 && size_t(index) < FPages.FileExtensions.size())
+    FPages.FileExtensions.erase(FPages.FileExtensions.begin() + index);
+}
+
+// Whether the help site can be reached is a setting here; without it the local file serves.
+bool TSynDocument::HelpOnline() const {
+  return FHost.SettingsIni && FHost.SettingsIni->ReadBool(u"Customize", u"HelpOnline", false);
+}
+
+void TSynDocument::OpenHelp(std::u16string_view page, int /*context*/) {
+  if (HelpOnline()) {
+    if (page.starts_with(u'?')) page.remove_prefix(1);
+    FUi.OpenUrl(std::u16string(kHelpBase) + u"/Help/" + std::u16string(page.empty() ? u"Quillet.html" : page));
+    return;
+  }
+  const fs::path local = FHost.HostFolder / "help" / "Quillet.chm";
+  if (FileExists(local)) FUi.OpenUrl(u"file://" + StringFromPath(local));
+}
+
+void TSynDocument::HelpContent() {
+  FUi.OpenUrl(std::u16string(kHelpBase) + u"/Help/Quillet.html?MultiHighlighterOptions.html");
+}
+
+// The converter lies beside the program and leaves `<name>.gdx` beside the word file.
+std::optional<fs::path> TSynDocument::RunWordFileConverter(fs::path source) {
+  if (source.extension() == ".uew") {
+    fs::path renamed = fs::path(source).replace_extension(".txt");
+    std::error_code ec;
+    fs::rename(source, renamed, ec);
+    if (ec) return std::nullopt;
+    source = renamed;
+    FUi.Pause(std::chrono::milliseconds(100));
+  }
+  const fs::path converter = FHost.ProgramFile.parent_path() / "ultraedit2OrlQuillet";
+  std::optional<TChildProcess> process =
+      TChildProcess::Start(converter, {source.filename().string()}, source.parent_path());
+  if (!process) {
+    SetStatus(u"The word-file converter could not be started.", u"");
+    return std::nullopt;
+  }
+  const auto deadline = std::chrono::steady_clock::now() + kConverterLimit;
+  while (process->Running()) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      process->Kill();
+      SetStatus(u"The word-file converter did not finish and was stopped.", u"");
+      return std::nullopt;
+    }
+    FUi.Pause(kConverterPoll);
+  }
+  fs::path result = fs::path(source).replace_extension(".gdx");
+  if (!FileExists(result)) {
+    SetStatus(u"The word-file converter left no definition.", u"");
+    return std::nullopt;
+  }
+  return result;
+}
+
+void TSynDocument::FileImportWordfile() {
+  if (!ConfirmSave()) return;
+  const std::optional<fs::path> source =
+      FUi.OpenDialog({u"Word Files (*.txt;*.uew)", u"*.txt;*.uew", u"uew", FHost.UserSyntaxFolder(), {}});
+  if (!source) return;
+  EnablePages(true);
+  CurrentFileNameValue.clear();
+  ClearDocument();
+  const std::optional<fs::path> result = RunWordFileConverter(*source);
+  if (!result) {
+    // The pages are left without a document: back to the state of no document.
+    const std::array<std::u16string, 2> status = FStatus;
+    DropDocument();
+    SetStatus(status[0], status[1]);
+    return;
+  }
+  OpenFile(*result);
 }
 
 } // namespace orl

@@ -14,8 +14,10 @@
 #include "definition/VersionList.h"
 #include "workbench/HostEnvironment.h"
 #include "workbench/GroupPage.h"
+#include "workbench/HintsPage.h"
 #include "workbench/OrlMRUList.h"
 #include "workbench/RuleListPage.h"
+#include "workbench/UserMenuPage.h"
 #include "workbench/WorkbenchUi.h"
 
 namespace orl {
@@ -55,6 +57,20 @@ public:
   TFoldListPage& FoldNames() { return FFoldNames; }
   /// The group page of a main page, null for the others.
   TGroupPage* GroupPageOf(int page);
+  THintsPage& Hints() { return FHints; }
+  TUserMenuPage& UserMenu() { return FUserMenu; }
+
+  // The author page.
+  /// Adds an extension of at least 2 characters, with a `.` in front; false when refused.
+  bool AddFileExtension(std::u16string text);
+  void DeleteFileExtension(int index);
+
+  // Help and import.
+  /// The help page `page` online, or the local help file at `context` offline.
+  void OpenHelp(std::u16string_view page, int context);
+  void HelpContent();
+  /// Converts a word file with the outside converter and opens what it leaves.
+  void FileImportWordfile();
 
   // --- operations the pages use -------------------------------------------
   void SetModified();
@@ -103,6 +119,8 @@ private:
   void SetStatus(std::u16string pane1, std::u16string pane2);
   void DropDocument();
   void ReloadPageModels();
+  bool HelpOnline() const;
+  std::optional<std::filesystem::path> RunWordFileConverter(std::filesystem::path source);
 
   THostEnvironment& FHost;
   IWorkbenchUi& FUi;
@@ -120,6 +138,8 @@ private:
   int FIconNr = 0;
   TBlockListPage FBlockNames{*this};
   TFoldListPage FFoldNames{*this};
+  THintsPage FHints{*this};
+  TUserMenuPage FUserMenu{*this};
   std::array<TGroupPage, 4> FGroupPages{{{*this, TGroupMember::gmKeyword},
                                           {*this, TGroupMember::gmTag},
                                           {*this, TGroupMember::gmClassCompletion},

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QToolButton>
@@ -14,6 +15,7 @@
 
 #include "definition/DefinitionFormat.h"
 #include "widgets/MenuImages.h"
+#include "workbench/HintsPage.h"
 #include "workbench/HostEnvironment.h"
 
 namespace orl {
@@ -30,6 +32,8 @@ TUserMenuForm::TUserMenuForm(const TLanguageTexts& language, QWidget* parent) : 
   cboItem->installEventFilter(this);
   BitBtn1 = new QToolButton;
   BitBtn1->setText("...");
+  BitBtn1->setPopupMode(QToolButton::InstantPopup);
+  BitBtn1->setMenu(SpecialCaptions());
   DataMemo = new QPlainTextEdit;
   ComboBoxEx1 = new QComboBox;
   const auto images = ImageLetters();
@@ -73,9 +77,37 @@ void TUserMenuForm::SetVariableMode(bool bOn) {
   BitBtn1->setEnabled(!bOn);
 }
 
+// Captions with a meaning of their own for the host editor's menu.
+QMenu* TUserMenuForm::SpecialCaptions() {
+  auto* menu = new QMenu(this);
+  const char16_t* captions[] = {
+      u"\u00BBcolor", u"\u00BBfile", u"\u00BBfont", u"\u00BBimage", u"\u00BBurl", u"",
+      u"\u00BBcss_background", u"\u00BBcss_background_values", u"\u00BBcss_border", u"\u00BBcss_border_values",
+      u"\u00BBcss_border-left", u"\u00BBcss_border-left_values", u"\u00BBcss_border-right",
+      u"\u00BBcss_border-right_values", u"\u00BBcss_border-top", u"\u00BBcss_border-top_values",
+      u"\u00BBcss_border-bottom", u"\u00BBcss_border-bottom_values", u"\u00BBcss_outline", u"\u00BBcss_outline_values",
+      u"\u00BBcss_font", u"\u00BBcss_font_values", u"\u00BBcss_list-style", u"\u00BBcss_list-style_values"};
+  for (const char16_t* caption : captions) {
+    if (!*caption) {
+      menu->addSeparator();
+      continue;
+    }
+    const QString text = QString::fromUtf16(caption);
+    menu->addAction(text, this, [this, text] { cboItem->setEditText(text); });
+  }
+  return menu;
+}
+
+void TUserMenuForm::SetVariable(bool bValue) {
+  cbVariable->setChecked(bValue);
+  SetVariableMode(bValue);
+  if (!bValue) ComboBoxEx1->setCurrentIndex(0);
+}
+
 bool TUserMenuForm::Edit(TItemDialogData& item) {
   FVariables = item.Variables;
   setWindowTitle(Q(item.Title));
+  cbVariable->setEnabled(item.bVariableAllowed);
   cbVariable->blockSignals(true);
   cbVariable->setChecked(item.bVariable);
   cbVariable->blockSignals(false);
@@ -94,7 +126,7 @@ bool TUserMenuForm::Edit(TItemDialogData& item) {
     item.ImageIndex = ComboBoxEx1->currentIndex();
     item.bVariable = cbVariable->isChecked();
   }
-  cbVariable->setChecked(false);
+  SetVariable(false);
   return bOk;
 }
 
@@ -116,6 +148,11 @@ bool TUserMenuForm::eventFilter(QObject* watched, QEvent* event) {
     }
     if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && (key->modifiers() & Qt::ControlModifier)) {
       accept();
+      return true;
+    }
+    if (key->matches(QKeySequence::Paste) && cboItem->isEditable()) {
+      cboItem->lineEdit()->paste();
+      cboItem->setEditText(QString::fromStdU16String(CleanUpSignature(cboItem->currentText().toStdU16String(), false)));
       return true;
     }
   }

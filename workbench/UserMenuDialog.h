@@ -10,6 +10,7 @@ class QCheckBox;
 class QComboBox;
 class QPlainTextEdit;
 class QToolButton;
+class QMenu;
 
 namespace orl {
 
@@ -33,7 +34,11 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+  /// Sets variable mode; leaving it selects image 0.
+  void SetVariable(bool bValue);
+
 private:
+  QMenu* SpecialCaptions();
   void SetVariableMode(bool bOn);
   void CopyCaptionToText();
 

@@ -2,6 +2,7 @@
 // What the document asks of the user interface: message boxes, file dialogs,
 // the wait cursor, and word that its state changed. Tests answer from a script.
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -46,6 +47,10 @@ public:
   virtual std::optional<std::vector<std::u16string>> AddWords(bool bRegExKeyword) = 0;
   /// The item dialog, modal; false on Cancel.
   virtual bool EditItem(TItemDialogData& item) = 0;
+  /// Opens a web address or a local file with the desktop's opener.
+  virtual void OpenUrl(const std::u16string& url) = 0;
+  /// Waits while the user interface stays responsive.
+  virtual void Pause(std::chrono::milliseconds time) = 0;
   /// The chosen file, or nothing when the user cancels.
   virtual std::optional<std::filesystem::path> OpenDialog(const TFileDialogOptions& options) = 0;
   /// The chosen file, or nothing; the dialog itself asks before overwriting.

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <thread>
 #include <vector>
 
 #include "workbench/WorkbenchUi.h"
@@ -18,6 +19,8 @@ public:
   /// The item dialog: changes the item and says OK (true) or Cancel.
   std::function<bool(TItemDialogData&)> ItemDialog;
   std::u16string Clipboard;
+  std::vector<std::u16string> Opened;       ///< addresses handed to the desktop's opener
+  std::chrono::milliseconds Paused{0};      ///< time the document waited
   std::vector<std::u16string> Asked;        ///< message texts shown
   std::vector<std::u16string> Prompted;     ///< prompt texts shown
   std::vector<TFileDialogOptions> Dialogs;  ///< file dialogs shown
@@ -41,6 +44,11 @@ public:
   bool EditItem(TItemDialogData& item) override {
     ItemsShown.push_back(item);
     return ItemDialog && ItemDialog(item);
+  }
+  void OpenUrl(const std::u16string& url) override { Opened.push_back(url); }
+  void Pause(std::chrono::milliseconds time) override {
+    Paused += time;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
   std::optional<std::filesystem::path> OpenDialog(const TFileDialogOptions& o) override { return Dialog(o); }
   std::optional<std::filesystem::path> SaveDialog(const TFileDialogOptions& o) override { return Dialog(o); }
