@@ -37,7 +37,7 @@ void THintRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 
   painter->save();
   painter->setPen(text);
-  painter->drawText(QRect(r.left(), r.top(), fieldLeft - r.left(), lineHeight), Qt::AlignLeft,
+  painter->drawText(QRect(r.left(), r.top() + lineHeight / 2, fieldLeft - r.left(), lineHeight), Qt::AlignLeft,
                     QString::number(hint.Type));
   painter->drawText(QRect(fieldLeft, r.top() + lineHeight / 2, r.right() - fieldLeft, lineHeight),
                     Qt::AlignLeft | Qt::TextSingleLine, option.fontMetrics.elidedText(OneLine(upper), Qt::ElideRight, r.right() - fieldLeft));

@@ -1,6 +1,7 @@
 #include "workbench/Automation.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFile>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -41,6 +42,16 @@ void SetCell(TSynForm& form, const QStringList& words) {
     if (grid->item(row, 0)->text() == words[2]) grid->EditValue(row, words.mid(3).join(' '));
 }
 
+// Shows a dialog without waiting for it, takes its picture, and hides it again.
+void ShootDialog(TSynForm& form, const QString& name, const QString& fileName) {
+  QDialog* dialog = form.findChild<QDialog*>(name);
+  if (!dialog) return;
+  dialog->show();
+  QApplication::processEvents();
+  dialog->grab().save(fileName);
+  dialog->hide();
+}
+
 void Report(TSynForm& form, const QString& fileName) {
   QFile file(fileName);
   if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) return;
@@ -64,6 +75,8 @@ void Execute(TSynForm& form, const QString& line) {
   else if (command == "select-block") form.BlockNames->setCurrentRow(rest.toInt());
   else if (command == "select-fold") form.FoldNames->setCurrentRow(rest.toInt());
   else if (command == "select-group") VisibleList(form, "GroupList")->setCurrentRow(rest.toInt());
+  else if (command == "select-hint") form.HintsList->setCurrentRow(rest.toInt());
+  else if (command == "dialog-shot") ShootDialog(form, words.value(1), words.value(2));
   else if (command == "set") SetCell(form, words);
   else if (command == "sample") form.SampleMemo->appendPlainText(rest);
   else if (command == "save") form.Document().FileSave();

@@ -5,7 +5,8 @@
 //
 // The script has a `[start]` part for an ordinary start and a `[restart]`
 // part for a start after a crash. Commands, one a line:
-//   page N | subpage N | select-block N | select-fold N | select-group N
+//   page N | subpage N | select-block N | select-fold N | select-group N | select-hint N
+//   dialog-shot OBJECTNAME FILE.png  (TSyntaxAbout, TUserMenuForm, TAddForm)
 //   set GRID ROWNAME VALUE...     (types VALUE into a grid cell as a user would)
 //   sample TEXT...                (appends a line to the sample text)
 //   save | crash | quit

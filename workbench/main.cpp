@@ -18,6 +18,9 @@ int main(int argc, char** argv) {
   orl::TSyntaxAbout about(host.Language, &form);
   orl::TUserMenuForm userMenu(host.Language, &form);
   orl::TAddForm addForm(host.Language, &form);
+  about.setObjectName("TSyntaxAbout");
+  userMenu.setObjectName("TUserMenuForm");
+  addForm.setObjectName("TAddForm");
   form.SetDialogs(&about, &userMenu, &addForm);
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   form.show();
