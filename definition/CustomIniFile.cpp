@@ -4,16 +4,6 @@
 #include "platform/Collation.h"
 
 namespace orl {
-namespace {
-
-int HexDigit(char16_t c) {
-  if (c >= u'0' && c <= u'9') return c - u'0';
-  if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-  if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-  return -1;
-}
-
-} // namespace
 
 int TCustomIniFile::ReadInteger(std::u16string_view section, std::u16string_view ident, int def) {
   return IniTextToInt(ReadString(section, ident, u""), def);
@@ -36,7 +26,7 @@ int TCustomIniFile::ReadBinaryStream(std::u16string_view section, std::u16string
   std::vector<uint8_t> bytes;
   bytes.reserve(text.size() / 2);
   for (size_t i = 0; i + 1 < text.size(); i += 2) {
-    const int hi = HexDigit(text[i]), lo = HexDigit(text[i + 1]);
+    const int hi = HexDigitValue(text[i]), lo = HexDigitValue(text[i + 1]);
     if (hi < 0 || lo < 0) break;
     bytes.push_back(uint8_t(hi << 4 | lo));
   }

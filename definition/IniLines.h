@@ -21,6 +21,21 @@ inline std::u16string SectionNameOf(std::u16string_view header) {
   return TrimmedCopy(header.substr(1, header.size() - 2));
 }
 
+/// Takes a new file name and, with `bReload`, loads from it; a load that
+/// fails keeps the old name, so the store stays as it was.
+template <typename TLoad>
+void RenameFile(std::u16string& fileName, std::u16string newName, bool bReload, TLoad load) {
+  std::u16string previous = std::move(fileName);
+  fileName = std::move(newName);
+  if (!bReload) return;
+  try {
+    load();
+  } catch (...) {
+    fileName = std::move(previous);
+    throw;
+  }
+}
+
 inline std::u16string KeyLine(std::u16string_view ident, std::u16string_view value) {
   std::u16string line(ident);
   line += u'=';

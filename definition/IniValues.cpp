@@ -6,21 +6,21 @@
 #include "platform/CodePages.h"
 
 namespace orl {
-namespace {
-
-int HexDigit(char16_t c) {
+int HexDigitValue(char16_t c) {
   if (c >= u'0' && c <= u'9') return c - u'0';
   if (c >= u'a' && c <= u'f') return c - u'a' + 10;
   if (c >= u'A' && c <= u'F') return c - u'A' + 10;
   return -1;
 }
 
+namespace {
+
 // Up to eight hex digits; a value above 0x7FFFFFFF wraps to a negative Integer.
 bool TryHexToInt(std::u16string_view digits, int& value) {
   if (digits.empty() || digits.size() > 8) return false;
   uint32_t v = 0;
   for (char16_t c : digits) {
-    const int d = HexDigit(c);
+    const int d = HexDigitValue(c);
     if (d < 0) return false;
     v = (v << 4) | uint32_t(d);
   }

@@ -9,6 +9,9 @@
 
 namespace orl {
 
+/// 0-15 for a hexadecimal digit, -1 for anything else.
+int HexDigitValue(char16_t c);
+
 /// Decimal text, or hexadecimal behind `0x`/`0X` (a text longer than 2
 /// characters); anything else gives `def`.
 int IniTextToInt(std::u16string_view text, int def);

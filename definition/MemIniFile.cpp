@@ -142,15 +142,7 @@ void TMemIniFile::UpdateFile() {
 }
 
 void TMemIniFile::Rename(std::u16string fileName, bool bReload) {
-  std::u16string previous = std::move(FFileName);
-  FFileName = std::move(fileName);
-  if (!bReload) return;
-  try {
-    LoadValues();
-  } catch (...) {
-    FFileName = std::move(previous);
-    throw;
-  }
+  RenameFile(FFileName, std::move(fileName), bReload, [this] { LoadValues(); });
 }
 
 void TMemIniFile::RenameSection(std::u16string_view oldName, std::u16string_view newName) {

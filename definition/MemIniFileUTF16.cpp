@@ -202,15 +202,7 @@ void TMemIniFileUTF16::ReadSectionValues(std::u16string_view section, TStringLis
 
 void TMemIniFileUTF16::Rename(std::u16string fileName, bool bReload) {
   TGuard guard(FLock);
-  std::u16string previous = std::move(FFileName);
-  FFileName = std::move(fileName);
-  if (!bReload) return;
-  try {
-    LoadValues();
-  } catch (...) {
-    FFileName = std::move(previous);
-    throw;
-  }
+  RenameFile(FFileName, std::move(fileName), bReload, [this] { LoadValues(); });
 }
 
 void TMemIniFileUTF16::RenameSection(std::u16string_view oldName, std::u16string_view newName) {

@@ -44,24 +44,6 @@ QIcon MenuImage(int index) {
   return icon;
 }
 
-QIcon GlyphIcon(const QString& glyph) {
-  QIcon icon;
-  for (int size : {16, 24, 32}) {
-    QPixmap pixmap(size, size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QFont font = painter.font();
-    font.setPixelSize(glyph.size() > 1 ? int(size * 0.45) : int(size * 0.8));
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(QColor(0x37, 0x47, 0x4f));
-    painter.drawText(QRect(0, 0, size, size), Qt::AlignCenter, glyph);
-    icon.addPixmap(pixmap);
-  }
-  return icon;
-}
-
 namespace {
 
 // An icon drawn on a unit square scaled to each size.
@@ -82,6 +64,16 @@ QIcon DrawnIcon(TDraw draw) {
 }
 
 } // namespace
+
+QIcon GlyphIcon(const QString& glyph) {
+  return DrawnIcon([glyph](QPainter& p) {
+    QFont font = p.font();
+    font.setPixelSize(glyph.size() > 1 ? 7 : 13);
+    font.setBold(true);
+    p.setFont(font);
+    p.drawText(QRectF(0, 0, 16, 16), Qt::AlignCenter, glyph);
+  });
+}
 
 QIcon CopyIcon() {
   return DrawnIcon([](QPainter& p) {
