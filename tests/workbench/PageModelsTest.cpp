@@ -279,3 +279,42 @@ TEST_F(PageModelsTest, OneChangeOnEveryPageAndNothingElse) {
   EXPECT_TRUE(gdxAfter.SectionLines(sections::Keywords)->Strings(0).ends_with(u"|newword|"));
   EXPECT_EQ(DecodeText(test::ReadBytes(FFile), 1252).substr(0, 13), u";{$cpp;}\r\n\r\n[");
 }
+
+TEST_F(PageModelsTest, HintsMenuSampleInfoAndAuthorSurviveASaveAndReload) {
+  OpenCopyOf("Python");
+  const std::u16string longLine(5000, u'x');
+  const std::u16string tricky = u"tab\there & \u00E4\u00DF\U0001F600 \u00A6 \\n end";
+  FDocument->Hints().SetType(1, false);
+  FDocument->Hints().New();
+  FDocument->Hints().SetEditText(u"f(a & b)");
+  FDocument->Hints().SetMemoText(u"first line\nsecond " + tricky);
+  FUi.ItemDialog = [&](TItemDialogData& item) {
+    item.Caption = u"Entry & more";
+    item.Text = u"line 1\n\tline 2 " + longLine;
+    item.ImageIndex = 7;
+    return true;
+  };
+  FDocument->SetActivePage(mpUserMenu);
+  FDocument->UserMenu().Add();
+  FDocument->Pages().Sample.push_back(tricky);
+  FDocument->Pages().Info.push_back(longLine);
+  FDocument->Pages().Version = {u"A. Uth\u00F6r", u"2026-11-23", u"1001"};
+  FDocument->SetModified();
+  const TDefinitionPages before = FDocument->Pages();
+  const std::vector<TItemRow> menuBefore = FDocument->UserMenu().Items();
+  FDocument->FileSave();
+
+  test::TScriptedUi otherUi;
+  TSynDocument reopened(FHost, otherUi);
+  reopened.OpenFile(FFile);
+  reopened.LoadVersionInfo(BaseNameOf(FFile));
+  EXPECT_EQ(reopened.Pages().Hints, before.Hints);
+  EXPECT_EQ(reopened.Pages().Sample, before.Sample);
+  EXPECT_EQ(reopened.Pages().Info, before.Info);
+  EXPECT_EQ(reopened.Pages().Version, before.Version);
+  reopened.SetActivePage(mpUserMenu);
+  EXPECT_EQ(reopened.UserMenu().Items(), menuBefore);
+  reopened.Hints().Select({int(before.Hints.size()) - 1}, int(before.Hints.size()) - 1);
+  // The format writes a line break of a hint as the two characters \n, so typed ones come back as breaks.
+  EXPECT_EQ(reopened.Hints().MemoText(), u"first line\nsecond tab\there & \u00E4\u00DF\U0001F600 \u00A6 \n end");
+}
