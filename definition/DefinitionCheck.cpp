@@ -100,14 +100,14 @@ private:
 };
 
 const TKeySpec* FindSpec(std::span<const TKeySpec> keys, std::u16string_view key) {
-  for (const TKeySpec& spec : keys)
-    if (spec.Key == key) return &spec;
+  for (const TKeySpec& row : keys)
+    if (row.Key == key) return &row;
   return nullptr;
 }
 
-void CheckValue(TRawScan& scan, const TRawKey& key, const TKeySpec& spec, std::u16string_view section) {
+void CheckValue(TRawScan& scan, const TRawKey& key, const TKeySpec& row, std::u16string_view section) {
   const std::string where = Narrow(key.Name) + " in [" + Narrow(section) + "]";
-  switch (spec.Kind) {
+  switch (row.Kind) {
   case TValueKind::vkFlag:
     if (key.Value != u"0" && key.Value != u"1")
       scan.Report(key.Line, "flag " + where + " is \"" + Narrow(key.Value) + "\"; flags are \"1\" or \"0\"");
@@ -133,7 +133,7 @@ void CheckTable(TRawScan& scan, std::u16string_view section, std::span<const TKe
   const TRawSection* raw = scan.Find(section);
   if (!raw) return;
   for (const TRawKey& key : raw->Keys) {
-    if (const TKeySpec* spec = FindSpec(keys, key.Name)) CheckValue(scan, key, *spec, section);
+    if (const TKeySpec* row = FindSpec(keys, key.Name)) CheckValue(scan, key, *row, section);
     else if (std::find(extraKeys.begin(), extraKeys.end(), key.Name) == extraKeys.end())
       scan.Report(key.Line, "unknown key " + Narrow(key.Name) + " in [" + Narrow(section) + "]");
   }
@@ -156,13 +156,13 @@ void CheckRules(TRawScan& scan, std::u16string_view section, std::span<const TKe
   for (const TRawKey& key : raw->Keys) {
     std::u16string_view suffix;
     const int n = RuleNumberOf(key.Name, suffix);
-    const TKeySpec* spec = n > 0 ? FindSpec(keys, suffix) : nullptr;
-    if (!spec) {
+    const TKeySpec* row = n > 0 ? FindSpec(keys, suffix) : nullptr;
+    if (!row) {
       scan.Report(key.Line, "unknown key " + Narrow(key.Name) + " in [" + Narrow(section) + "]");
       continue;
     }
-    CheckValue(scan, key, *spec, section);
-    if (spec->Row == 1) opened.insert(n);
+    CheckValue(scan, key, *row, section);
+    if (row->Row == 1) opened.insert(n);
     firstLine.emplace(n, key.Line);
   }
   int read = 0;

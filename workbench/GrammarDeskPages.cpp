@@ -27,7 +27,7 @@ QString Q(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype
 // Row names and pick lists come from the format's key tables.
 void SetUpGrid(TNameValueGrid& grid, std::span<const TKeySpec> keys, const QString& nameTitle, const QString& valueTitle) {
   QStringList names;
-  for (const TKeySpec& spec : keys) names << Q(spec.RowName);
+  for (const TKeySpec& row : keys) names << Q(row.RowName);
   grid.SetTitles(nameTitle, valueTitle);
   grid.SetRowNames(names);
   for (int row = 0; row < int(keys.size()); ++row) {
