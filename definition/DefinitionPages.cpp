@@ -5,6 +5,7 @@
 
 #include "definition/DefinitionFormat.h"
 #include "definition/DefinitionItems.h"
+#include "definition/LegacyConversion.h"
 #include "platform/CharCase.h"
 #include "platform/FileIO.h"
 
@@ -39,9 +40,9 @@ bool CellIsYes(std::u16string_view cell) {
 std::vector<std::u16string> ReadGrid(TMemIniFile& store, std::u16string_view section, std::span<const TKeySpec> keys) {
   std::vector<std::u16string> cells;
   cells.reserve(keys.size());
-  for (const TKeySpec& spec : keys) {
-    if (spec.Kind == TValueKind::vkFlag) cells.emplace_back(store.ReadBool(section, spec.Key, false) ? kYes : u"");
-    else cells.push_back(store.ReadString(section, spec.Key, u""));
+  for (const TKeySpec& row : keys) {
+    if (row.Kind == TValueKind::vkFlag) cells.emplace_back(store.ReadBool(section, row.Key, false) ? kYes : u"");
+    else cells.push_back(store.ReadString(section, row.Key, u""));
   }
   return cells;
 }
@@ -162,15 +163,17 @@ std::vector<std::u16string> InfoTemplate() {
           u"<b>Recommended colors:</b>"};
 }
 
-EOlderLayout::EOlderLayout(const std::filesystem::path& path)
-    : EOrlError("\"" + path.string() + "\" is a definition in the older layout") {}
-
 TDefinitionStores LoadDefinitionStores(const std::filesystem::path& fileName) {
   const TFileRecognition recognition = RecogniseDefinitionFile(fileName);
-  if (recognition.Exists && !recognition.IsCurrentLayout()) throw EOlderLayout(fileName);
   TDefinitionStores stores;
   stores.Gdx = std::make_unique<TMemIniFile>(StringFromPath(fileName));
   stores.Ini = std::make_unique<TMemIniFile>(StringFromPath(CompanionPath(fileName)));
+  stores.Converted = recognition.Exists && !recognition.IsCurrentLayout();
+  if (stores.Converted) {
+    stores.Gdx->Clear();
+    stores.Ini->Clear();
+    ConvertToNew(fileName, *stores.Gdx, *stores.Ini);
+  }
   return stores;
 }
 

@@ -95,16 +95,15 @@ std::vector<std::u16string> InfoTemplate();
 struct TDefinitionStores {
   std::unique_ptr<TMemIniFile> Gdx;
   std::unique_ptr<TMemIniFile> Ini;
+  /// The file was in the older layout and the stores hold its conversion;
+  /// the file itself stays as it was until the definition is saved.
+  bool Converted = false;
 };
 
-/// Loads `<name>.gdx` and its companion. A file in the older layout raises
-/// EOlderLayout; an unreadable one raises EFileError.
+/// Loads `<name>.gdx` and its companion. A file in the older layout is
+/// converted, and its companion's content is not used. An unreadable file
+/// raises EFileError.
 TDefinitionStores LoadDefinitionStores(const std::filesystem::path& fileName);
-
-class EOlderLayout : public EOrlError {
-public:
-  explicit EOlderLayout(const std::filesystem::path& path);
-};
 
 /// Fills the pages from the stores (everything but the version info).
 TDefinitionPages ReadDefinitionPages(TMemIniFile& gdx, TMemIniFile& ini);

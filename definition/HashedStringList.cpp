@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <bit>
+#include <iterator>
 
 #include "definition/OrlIniFiles.h"
 #include "platform/CharCase.h"
@@ -19,9 +19,22 @@ void THashedStringList::Changed() {
   FNameHashValid = false;
 }
 
+namespace {
+// Prime bucket counts: the rotate-and-xor hash moves the differences of keys
+// such as `12_Name` and `13_Name` into high bits, which a power of two would drop.
+unsigned PrimeBucketsFor(unsigned lines) {
+  static const unsigned kPrimes[] = {251,     509,     1021,     2039,     4093,     8191,     16381,
+                                     32749,   65521,   131071,   262139,   524287,   1048573,  2097143,
+                                     4194301, 8388593, 16777213, 33554393, 67108859, 134217689, 268435399};
+  for (unsigned prime : kPrimes)
+    if (prime >= lines) return prime;
+  return kPrimes[std::size(kPrimes) - 1];
+}
+} // namespace
+
 // About one line per bucket, so a lookup in a long section stays short.
 std::unique_ptr<TStringHash> THashedStringList::FreshTable(std::unique_ptr<TStringHash> table) const {
-  const unsigned size = std::max(kMinBuckets, std::bit_ceil(unsigned(Count())));
+  const unsigned size = PrimeBucketsFor(unsigned(Count()));
   if (table && table->BucketCount() == size) {
     table->Clear();
     return table;

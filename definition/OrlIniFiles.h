@@ -57,8 +57,6 @@ private:
 /// the last one is found.
 class THashedStringList : public TStringList {
 public:
-  /// Tables start at this many buckets and grow with the list.
-  static constexpr unsigned kMinBuckets = 256;
 
   int IndexOf(std::u16string_view s) override;
   int IndexOfName(std::u16string_view name) override;

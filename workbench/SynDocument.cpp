@@ -131,6 +131,8 @@ void TSynDocument::LoadDefinition(const fs::path& fileName, const fs::path& reco
   ReloadPageModels();
   FUi.PagesReloaded();
   SetStatus(FileNameOnly(shownName), u"");
+  // The file on disk stays in the older layout until the user saves it.
+  if (stores.Converted) FUi.MessageBox(Text(u"200") + u"\n" + Text(u"201"), TMsgButtons::mbOk);
   ElMRU1.AddFile(StringFromPath(shownName));
 }
 

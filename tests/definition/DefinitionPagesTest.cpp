@@ -125,22 +125,30 @@ TEST(DefinitionPages, SaveKeepsForeignSectionsInFrontAndRewritesTheRest) {
   EXPECT_TRUE(FileText(dir / "L.gdx").starts_with(u";{Html.gdx}\r\n\r\n[Mine]"));
 }
 
-TEST(DefinitionPages, AnsiCurrentLayoutIsReadAsIsAndOlderLayoutIsRefused) {
+TEST(DefinitionPages, AnsiCurrentLayoutIsReadAsIsAndOlderLayoutIsConverted) {
   test::TTempFolder dir;
   test::WriteBytes(dir / "A.gdx", ";{}\r\n[Keywords]\r\nK=\xE9t\xE9|\r\n");
   EXPECT_TRUE(RecogniseDefinitionFile(dir / "A.gdx").IsCurrentLayout());
   TDefinitionStores stores = LoadDefinitionStores(dir / "A.gdx");
+  EXPECT_FALSE(stores.Converted);
   EXPECT_EQ(stores.Gdx->ReadString(sections::Keywords, u"K", u""), u"\u00E9t\u00E9|");
   SaveDefinitionFiles(ReadDefinitionPages(*stores.Gdx, *stores.Ini), *stores.Gdx, *stores.Ini, dir / "A.gdx", false);
   EXPECT_TRUE(RecogniseDefinitionFile(dir / "A.gdx").IsUtf16);
 
+  // None of these holds a marker of the older layout, so each converts to
+  // nothing; what their companions hold is not taken over.
   test::WriteBytes(dir / "U8.gdx", "\xEF\xBB\xBF;{}\r\n");
-  test::WriteBytes(dir / "Old.gdx", "[Syntax]\r\n");
+  test::WriteBytes(dir / "Old.gdx", "[Syntax]\r\nx=1\r\n");
   test::WriteBytes(dir / "One.gdx", "\xFF");
-  EXPECT_THROW(LoadDefinitionStores(dir / "U8.gdx"), EOlderLayout);
-  EXPECT_THROW(LoadDefinitionStores(dir / "Old.gdx"), EOlderLayout);
-  EXPECT_THROW(LoadDefinitionStores(dir / "One.gdx"), EOlderLayout);
+  for (const char* name : {"U8.gdx", "Old.gdx", "One.gdx"}) {
+    test::WriteBytes(CompanionPath(dir / name), "[Hints]\r\n1=from the companion\r\n");
+    TDefinitionStores older = LoadDefinitionStores(dir / name);
+    EXPECT_TRUE(older.Converted) << name;
+    EXPECT_TRUE(SectionNames(*older.Gdx).empty()) << name;
+    EXPECT_TRUE(SectionNames(*older.Ini).empty()) << name;
+  }
   EXPECT_FALSE(RecogniseDefinitionFile(dir / "none.gdx").Exists);
+  EXPECT_FALSE(LoadDefinitionStores(dir / "none.gdx").Converted);
 }
 
 TEST(DefinitionPages, RecoverySaveHasNoHeaderLine) {

@@ -85,15 +85,81 @@ TEST(Gdtool, BadInputGivesOneLineErrorsAndStatusTwo) {
   EXPECT_EQ(std::count(missing.Output.begin(), missing.Output.end(), '\n'), 2) << missing.Output;
   EXPECT_NE(missing.Output.find("none.gdx"), std::string::npos);
   EXPECT_EQ(Gdtool("resave " + Quoted(dir.Path().string())).Status, 2);
-  orl::test::WriteBytes(dir / "Old.gdx", "[Syntax]\r\n");
-  TRun old = Gdtool("resave " + Quoted((dir / "Old.gdx").string()));
-  EXPECT_EQ(old.Status, 2);
-  EXPECT_NE(old.Output.find("older layout"), std::string::npos);
   EXPECT_EQ(Gdtool("frobnicate").Status, 2);
   EXPECT_EQ(Gdtool("check").Status, 2);
-  for (const char* help : {"--help", "help resave", "check --help", "resave --help"}) {
+  for (const char* args : {"convert", "convert --out-dir", "convert --frob x.gdx"}) EXPECT_EQ(Gdtool(args).Status, 2);
+  for (const char* help : {"--help", "help resave", "check --help", "resave --help", "help convert", "convert -h"}) {
     TRun h = Gdtool(help);
     EXPECT_EQ(h.Status, 0);
     EXPECT_NE(h.Output.find("usage: gdtool"), std::string::npos);
   }
+}
+
+TEST(Gdtool, ResaveConvertsAnOlderDefinitionAsTheWorkbenchOpensIt) {
+  orl::test::TTempFolder dir;
+  orl::test::WriteBytes(dir / "Old.gdx", "[keywords]\r\n>K\r\nbegin\r\n[end]\r\n");
+  TRun old = Gdtool("resave " + Quoted((dir / "Old.gdx").string()));
+  EXPECT_EQ(old.Status, 0) << old.Output;
+  EXPECT_NE(old.Output.find("converted from the older layout"), std::string::npos);
+  const std::string saved = ReadBytes(dir / "Old.gdx");
+  EXPECT_EQ(saved.substr(0, 2), "\xFF\xFE");
+  EXPECT_NE(saved.find(std::string("K\0=\0b\0e\0g\0i\0n\0|\0", 16)), std::string::npos);
+}
+
+TEST(Gdtool, ConvertWritesTheReferencePairsAndKeepsTheOriginal) {
+  const fs::path data = fs::path(TESTS_DATA_DIR) / "legacy";
+  const std::vector<std::string> names = {"options.gdx", "groups.gdx", "menus.gdx", "plain.gdx"};
+  orl::test::TTempFolder dir;
+  std::string files;
+  for (const std::string& name : names) files += " " + Quoted((data / name).string());
+  const TRun bulk = Gdtool("convert" + files + " --out-dir " + Quoted((dir / "out").string()));
+  EXPECT_EQ(bulk.Status, 0) << bulk.Output;
+  EXPECT_EQ(std::count(bulk.Output.begin(), bulk.Output.end(), '\n'), 4) << bulk.Output;
+  for (const std::string& name : names) {
+    const fs::path ini = fs::path(name).replace_extension(".ini");
+    EXPECT_EQ(ReadBytes(dir / "out" / name), ReadBytes(data / "expected" / name)) << name;
+    EXPECT_EQ(ReadBytes(dir / "out" / ini), ReadBytes(data / "expected" / ini)) << name;
+  }
+
+  const fs::path menus = dir / "menus.gdx";
+  fs::copy_file(data / "menus.gdx", menus);
+  const std::string original = ReadBytes(menus);
+  const TRun first = Gdtool("convert " + Quoted(menus.string()));
+  EXPECT_EQ(first.Status, 0) << first.Output;
+  EXPECT_NE(first.Output.find("kept as"), std::string::npos) << first.Output;
+  EXPECT_EQ(ReadBytes(dir / "menus.gdx.old"), original);
+  EXPECT_EQ(ReadBytes(menus), ReadBytes(data / "expected" / "menus.gdx"));
+
+  const TRun again = Gdtool("convert " + Quoted(menus.string()));
+  EXPECT_EQ(again.Status, 0);
+  EXPECT_EQ(again.Output.rfind("current ", 0), 0u) << again.Output;
+  const TRun forced = Gdtool("convert --force " + Quoted(menus.string()));
+  EXPECT_EQ(forced.Status, 0);
+  EXPECT_EQ(forced.Output.rfind("resaved ", 0), 0u) << forced.Output;
+  EXPECT_EQ(ReadBytes(dir / "menus.gdx.old"), original);
+  EXPECT_EQ(ReadBytes(menus), ReadBytes(data / "expected" / "menus.gdx"));
+}
+
+TEST(Gdtool, ConvertFailsAFileRatherThanOverwriteWhatIsInTheWay) {
+  orl::test::TTempFolder dir;
+  const std::string older = "[tags]\r\n>T\r\nx\r\n[end]\r\n";
+  for (const char* name : {"a.txt", "a.syn", "b.gdx", "b.gdx.old"}) orl::test::WriteBytes(dir / name, older);
+  const auto args = [&](std::initializer_list<const char*> names) {
+    std::string joined;
+    for (const char* name : names) joined += " " + Quoted((dir / name).string());
+    return joined;
+  };
+  const TRun run = Gdtool("convert" + args({"a.txt", "a.syn", "b.gdx", "none.gdx"}));
+  EXPECT_EQ(run.Status, 1) << run.Output;
+  EXPECT_EQ(std::count(run.Output.begin(), run.Output.end(), '\n'), 4) << run.Output;
+  EXPECT_EQ(run.Output.rfind("converted ", 0), 0u) << run.Output;
+  EXPECT_NE(run.Output.find("a.gdx exists"), std::string::npos) << run.Output;
+  EXPECT_NE(run.Output.find("b.gdx.old exists"), std::string::npos) << run.Output;
+  EXPECT_NE(run.Output.find("failed " + (dir / "none.gdx").string()), std::string::npos) << run.Output;
+  EXPECT_EQ(ReadBytes(dir / "b.gdx"), older);
+
+  const TRun forced = Gdtool("convert --force" + args({"a.syn", "b.gdx"}));
+  EXPECT_EQ(forced.Status, 0) << forced.Output;
+  EXPECT_EQ(ReadBytes(dir / "b.gdx.old"), older);
+  EXPECT_EQ(ReadBytes(dir / "b.gdx").substr(0, 2), "\xFF\xFE");
 }

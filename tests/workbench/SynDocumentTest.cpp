@@ -147,15 +147,30 @@ TEST_F(SynDocumentTest, FailuresKeepStateAndLeaveNoHalfOpenDocument) {
   EXPECT_TRUE(FDocument->Modified());
   EXPECT_EQ(FDocument->CurrentFileName(), FHostDir / "syntax" / "A.gdx");
 
-  test::WriteBytes(FHostDir / "Old.gdx", "[Old layout]\r\n");
+  fs::create_directories(FHostDir / "Folder.gdx");
   FUi.Answers = {TMsgResult::mrNo};
-  FUi.Files = {FHostDir / "Old.gdx"};
-  EXPECT_THROW(FDocument->FileOpen(), EOlderLayout);
+  FUi.Files = {FHostDir / "Folder.gdx"};
+  EXPECT_THROW(FDocument->FileOpen(), EFileError);
   EXPECT_FALSE(FDocument->HasDocument());
   EXPECT_FALSE(FDocument->PagesEnabled());
   EXPECT_TRUE(FDocument->CurrentFileName().empty());
   FDocument->FileSave();  // nothing to save: no crash, no dialog
   EXPECT_EQ(FUi.Dialogs.size(), 3u);
+}
+
+TEST_F(SynDocumentTest, AnOlderDefinitionOpensConvertedAndUnmodified) {
+  const fs::path old = FHostDir / "syntax" / "Old.gdx";
+  test::WriteBytes(old, "[Syntax]\r\n");
+  const std::string bytes = test::ReadBytes(old);
+  FUi.Files = {old};
+  FDocument->FileOpen();
+  EXPECT_TRUE(FDocument->HasDocument());
+  EXPECT_FALSE(FDocument->Modified());
+  ASSERT_EQ(FUi.Asked.size(), 1u);
+  EXPECT_EQ(FUi.Asked[0], FDocument->Text(u"200") + u"\n" + FDocument->Text(u"201"));
+  EXPECT_EQ(test::ReadBytes(old), bytes);  // the file stays as it is until saved
+  FDocument->FileSave();
+  EXPECT_TRUE(RecogniseDefinitionFile(old).IsUtf16);
 }
 
 TEST_F(SynDocumentTest, CrashDataBringsTheDocumentBackUnderItsOwnName) {

@@ -18,10 +18,18 @@ enum TExit { exOk = 0, exProblems = 1, exUnusable = 2 };
 /// True when `args` asks for help.
 bool WantsHelp(const std::vector<std::string>& args);
 
+/// Reads `in` as the workbench opens it, converting a file in the older
+/// layout, and writes `out` as the workbench saves it, with its version entry
+/// (see resave's help for `host`). True when `in` was converted. Raises EOrlError.
+bool ResaveDefinition(const std::filesystem::path& in, const std::filesystem::path& out,
+                      const std::filesystem::path& host);
+
 int RunCheck(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int RunResave(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 extern const char* const kCheckHelp;
 extern const char* const kResaveHelp;
+extern const char* const kConvertHelp;
 
 } // namespace gdtool

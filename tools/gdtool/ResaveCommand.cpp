@@ -23,7 +23,11 @@ const char* const kResaveHelp =
     "Author, date and version travel through the version lists _list.ver. With\n"
     "--host DIR they are the host folder's lists, chosen as the workbench chooses\n"
     "them (DIR/syntax/User defined or DIR/syntax). Without it, the _list.ver\n"
-    "beside IN is read and the _list.ver beside OUT is updated when it exists.\n";
+    "beside IN is read and the _list.ver beside OUT is updated when it exists.\n"
+    "\n"
+    "An IN in the older layout is converted as the workbench converts it when it\n"
+    "opens one, and written in the current layout; gdtool convert does the same\n"
+    "for many files and keeps the originals.\n";
 
 namespace {
 using namespace orl;
@@ -78,6 +82,17 @@ void WriteVersion(const TResaveArgs& a, const TVersionInfo& info) {
 
 } // namespace
 
+bool ResaveDefinition(const fs::path& in, const fs::path& out, const fs::path& host) {
+  const TResaveArgs args{in, out, host};
+  if (!FileExists(in)) ReadFileBytes(in);  // raises the file error
+  TDefinitionStores stores = LoadDefinitionStores(in);
+  TDefinitionPages pages = ReadDefinitionPages(*stores.Gdx, *stores.Ini);
+  pages.Version = ReadVersion(args);
+  SaveDefinitionFiles(pages, *stores.Gdx, *stores.Ini, out, false);
+  WriteVersion(args, pages.Version);
+  return stores.Converted;
+}
+
 int RunResave(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
   if (WantsHelp(args)) {
     out << kResaveHelp;
@@ -85,21 +100,14 @@ int RunResave(const std::vector<std::string>& args, std::ostream& out, std::ostr
   }
   TResaveArgs parsed;
   if (!ParseArgs(args, parsed, err)) return exUnusable;
+  bool bConverted = false;
   try {
-    if (!FileExists(parsed.In)) ReadFileBytes(parsed.In);  // raises the file error
-    TDefinitionStores stores = LoadDefinitionStores(parsed.In);
-    TDefinitionPages pages = ReadDefinitionPages(*stores.Gdx, *stores.Ini);
-    pages.Version = ReadVersion(parsed);
-    SaveDefinitionFiles(pages, *stores.Gdx, *stores.Ini, parsed.Out, false);
-    WriteVersion(parsed, pages.Version);
-  } catch (const EOlderLayout& e) {
-    err << "gdtool: " << e.what() << "; converting it is not available yet\n";
-    return exUnusable;
+    bConverted = ResaveDefinition(parsed.In, parsed.Out, parsed.Host);
   } catch (const EOrlError& e) {
     err << "gdtool: " << e.what() << "\n";
     return exUnusable;
   }
-  out << "saved " << parsed.Out.string() << "\n";
+  out << "saved " << parsed.Out.string() << (bConverted ? " (converted from the older layout)" : "") << "\n";
   return exOk;
 }
 
