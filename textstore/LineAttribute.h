@@ -197,36 +197,43 @@ inline const TAttribute* TTextAttribute::AsAttribute() const {
 }
 
 /// Shared ownership of a row's attribute: one pointer per row and a counter
-/// inside the object, where std::shared_ptr would add a control block.
+/// inside the object, where std::shared_ptr would add a control block. The
+/// pointer itself is atomic (plain loads and stores on common hardware) so
+/// that a row's slot may be re-pointed under the store's lock by one thread
+/// while another reads it without the lock.
 class TAttributePtr {
 public:
   TAttributePtr() = default;
   TAttributePtr(std::nullptr_t) {}
   /// Adopts a newly created object.
   explicit TAttributePtr(TTextAttribute* fresh) : FObject(fresh) { Acquire(); }
-  TAttributePtr(const TAttributePtr& other) : FObject(other.FObject) { Acquire(); }
-  TAttributePtr(TAttributePtr&& other) noexcept : FObject(std::exchange(other.FObject, nullptr)) {}
+  TAttributePtr(const TAttributePtr& other) : FObject(other.get()) { Acquire(); }
+  TAttributePtr(TAttributePtr&& other) noexcept : FObject(other.get()) { other.Set(nullptr); }
   TAttributePtr& operator=(TAttributePtr other) noexcept {
-    std::swap(FObject, other.FObject);
+    TTextAttribute* mine = get();
+    Set(other.get());
+    other.Set(mine);
     return *this;
   }
   ~TAttributePtr() { Release(); }
 
-  TTextAttribute* get() const { return FObject; }
-  TTextAttribute* operator->() const { return FObject; }
-  TTextAttribute& operator*() const { return *FObject; }
-  explicit operator bool() const { return FObject != nullptr; }
+  TTextAttribute* get() const { return FObject.load(std::memory_order_acquire); }
+  TTextAttribute* operator->() const { return get(); }
+  TTextAttribute& operator*() const { return *get(); }
+  explicit operator bool() const { return get() != nullptr; }
 
 private:
+  void Set(TTextAttribute* object) { FObject.store(object, std::memory_order_release); }
   void Acquire() {
-    if (FObject) FObject->FRefCount.fetch_add(1, std::memory_order_relaxed);
+    if (TTextAttribute* object = get()) object->FRefCount.fetch_add(1, std::memory_order_relaxed);
   }
   void Release() {
-    if (FObject && FObject->FRefCount.fetch_sub(1, std::memory_order_acq_rel) == 1) Destroy(FObject);
+    TTextAttribute* object = get();
+    if (object && object->FRefCount.fetch_sub(1, std::memory_order_acq_rel) == 1) Destroy(object);
   }
   static void Destroy(TTextAttribute* object);
 
-  TTextAttribute* FObject = nullptr;
+  std::atomic<TTextAttribute*> FObject{nullptr};
 };
 
 /// A new TAttribute, line-ending flags after the document's type.

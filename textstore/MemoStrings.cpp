@@ -1,0 +1,85 @@
+// The line store's life, update state and the row primitives that every
+// change of the row array goes through.
+
+#include <algorithm>
+#include <mutex>
+
+#include "platform/CodePages.h"
+#include "textstore/OrlMemoStrings.h"
+
+namespace orl {
+
+namespace {
+
+constexpr size_t kScratchLength = 18000;
+
+} // namespace
+
+TOrlMemoStrings::TOrlMemoStrings(IMemoStringsOwner* memo)
+    : FCodePage(SystemAnsiCodePage()), FMemo(memo), FWST(kScratchLength, u'\0') {
+  FCapacity = 64;
+}
+
+TOrlMemoStrings::~TOrlMemoStrings() = default;
+
+void TOrlMemoStrings::SetUpdateState(bool Updating) {
+  // The memo decides when to refresh; nesting is only counted.
+  FLockCount = Updating ? FLockCount + 1 : std::max(FLockCount - 1, 0);
+}
+
+int TOrlMemoStrings::RealCount() const {
+  if (GetCount() == 0) return 0;
+  // Only a tiny store can hold a text of one line ending.
+  if (GetCount() <= 3 && GetTextStr() == u"\r\n") return 0;
+  return GetCount();
+}
+
+std::u16string_view TOrlMemoStrings::Tabbed(std::u16string_view S, const TMemoStoreSettings& settings) {
+  if (!FMemo || settings.bPreserveTab || S.find(u'\t') == std::u16string_view::npos) return S;
+  const int length = TOrlUniUtils::WConvertTabToSpaceB(S, FWST, settings.TabSize);
+  return std::u16string_view(FWST).substr(0, size_t(length));
+}
+
+void TOrlMemoStrings::InsertRow(int Index, std::u16string_view S, TAttributePtr A) {
+  if (GetCount() == FCapacity) Grow();
+  StoreInsert(Index, 1, [&](size_t) { return TItem{NewText(S), std::move(A)}; });
+  ++FVisibleCount;
+  NoteRowsChangedAt(Index);
+}
+
+void TOrlMemoStrings::EraseRows(int Index, int Count) {
+  int visible = 0;
+  for (int i = Index; i < Index + Count; ++i) visible += GetHiddenLine(i) ? 0 : 1;
+  StoreErase(Index, Count);
+  SubtractVisible(visible);
+  NoteRowsChangedAt(Index);
+}
+
+void TOrlMemoStrings::WriteRow(int Index, std::u16string_view S) {
+  std::lock_guard lock(FLock);
+  if (FBulkArena)
+    Item(Index).FString = FBulkArena->Make(S);
+  else
+    Item(Index).FString.Assign(S);
+}
+
+void TOrlMemoStrings::NoteRowsChangedAt(int Index) {
+  if (Index <= FWrapLine) InitSetText();
+}
+
+void TOrlMemoStrings::InitSetText() {
+  FRealLine = 0;
+  FWrapLine = 0;
+}
+
+size_t TOrlMemoStrings::AllocatedBytes() const {
+  size_t bytes = FList.Physical() * sizeof(TItem);
+  for (int i = 0; i < GetCount(); ++i) {
+    bytes += Item(i).FString.AllocatedBytes();
+    const TTextAttribute* a = Item(i).FObject.get();
+    if (a && !IsShared(a)) bytes += a->IsAttribute() ? sizeof(TAttribute) : sizeof(TTextAttribute);
+  }
+  return bytes;
+}
+
+} // namespace orl

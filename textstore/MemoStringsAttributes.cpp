@@ -1,0 +1,173 @@
+// Row attributes of the line store: the shared attributes of fresh rows, the
+// copy a row gets when somebody writes to it, and the operations that keep
+// the count of visible rows right.
+
+#include <algorithm>
+#include <mutex>
+
+#include "textstore/OrlMemoStrings.h"
+
+namespace orl {
+
+namespace {
+
+// Most rows of a document are never written to between load and the first
+// scan; beyond this many distinct fresh states a row simply gets its own.
+constexpr size_t kMaxFreshStates = 16;
+
+// Everything of `fresh` into `a`, in place, so that pointers to `a` stay good.
+void ResetToFresh(TTextAttribute& a, const TTextAttribute& fresh) {
+  SetLineAttribute(a, fresh);
+  a.FBooleanArray = fresh.FBooleanArray;
+  a.FBooleanArray2 = fresh.FBooleanArray2;
+  a.Enabled = fresh.Enabled;
+  a.TextDiffKind = fresh.TextDiffKind;
+  a.ExpandingClip = fresh.ExpandingClip;
+  a.SelNodeTopIdNr = fresh.SelNodeTopIdNr;
+  a.ShareStyle(fresh);
+}
+
+} // namespace
+
+TOrlMemoStrings::TFreshState TOrlMemoStrings::NewRowState(const TMemoStoreSettings& settings) const {
+  TFreshState state;
+  state.bFull = FullAttributes(settings);
+  state.TextType = FSysTextType;
+  return state;
+}
+
+TAttributePtr TOrlMemoStrings::FreshAttribute(const TFreshState& state) {
+  if (FLastFresh < FFreshAttributes.size() && FFreshAttributes[FLastFresh].State == state)
+    return FFreshAttributes[FLastFresh].Attribute;
+  for (size_t i = 0; i < FFreshAttributes.size(); ++i) {
+    if (!(FFreshAttributes[i].State == state)) continue;
+    FLastFresh = i;
+    return FFreshAttributes[i].Attribute;
+  }
+  TAttributePtr fresh = state.bFull ? CreateAttribute(state.TextType) : CreateTextAttribute(state.TextType);
+  fresh->FBooleanArray |= state.Flags;
+  if (state.Ending >= 0) {
+    fresh->SetLinefeedCR(state.Ending & 1);
+    fresh->SetLinefeedLF(state.Ending & 2);
+  }
+  fresh->ChangeHistory = state.ChangeHistory;
+  if (FFreshAttributes.size() < kMaxFreshStates) {
+    std::lock_guard lock(FLock);  // the background thread looks the list up under it
+    FFreshAttributes.push_back({state, fresh});
+  }
+  return fresh;
+}
+
+bool TOrlMemoStrings::IsShared(const TTextAttribute* a) const {
+  return std::ranges::any_of(FFreshAttributes, [a](const TFreshEntry& e) { return e.Attribute.get() == a; });
+}
+
+TTextAttribute* TOrlMemoStrings::OwnAttribute(int Index) {
+  TAttributePtr& slot = Item(Index).FObject;
+  if (slot && IsShared(slot.get())) {
+    // The other thread may have given the row its own in the meantime.
+    std::lock_guard lock(FLock);
+    if (IsShared(slot.get())) slot = CopyAttribute(*slot);
+  }
+  return slot.get();
+}
+
+const TTextAttribute& TOrlMemoStrings::BlankAttribute() {
+  static const TAttributePtr blank = CreateAttribute(sttWindows);
+  return *blank;
+}
+
+TTextAttribute* TOrlMemoStrings::ResetNilAttribute() {
+  TFreshState state;
+  state.bFull = true;
+  state.TextType = FSysTextType;
+  const TAttributePtr fresh = FreshAttribute(state);
+  if (!FNilAttribute)
+    FNilAttribute = CopyAttribute(*fresh);
+  else
+    ResetToFresh(*FNilAttribute, *fresh);
+  return FNilAttribute.get();
+}
+
+TTextAttribute* TOrlMemoStrings::GetLineAttribute(int Index) {
+  TTextAttribute* own = ValidIndex(Index) ? OwnAttribute(Index) : nullptr;
+  return own ? own : ResetNilAttribute();
+}
+
+const TTextAttribute& TOrlMemoStrings::ReadLineAttribute(int Index) const {
+  const TTextAttribute* a = ValidIndex(Index) ? Item(Index).FObject.get() : nullptr;
+  return a ? *a : BlankAttribute();
+}
+
+TAttributePtr TOrlMemoStrings::GetLineAttributeObject(int Index) const {
+  return CopyAttribute(ValidIndex(Index) && Item(Index).FObject ? *Item(Index).FObject : BlankAttribute());
+}
+
+void TOrlMemoStrings::SetLineAttribute(int Index, const TTextAttribute& Value) {
+  std::lock_guard lock(FLock);
+  TTextAttribute* row = ValidIndex(Index) ? OwnAttribute(Index) : nullptr;
+  if (!row) return;
+  const bool bWasHidden = row->Hidden();
+  orl::SetLineAttribute(*row, Value);
+  if (row->Hidden() != bWasHidden) FVisibleCount += bWasHidden ? 1 : -1;
+}
+
+void TOrlMemoStrings::SetLineStyle(int Index, const TStyle& Value) {
+  std::lock_guard lock(FLock);
+  if (TTextAttribute* row = ValidIndex(Index) ? OwnAttribute(Index) : nullptr) row->SetStyle(Value);
+}
+
+void TOrlMemoStrings::SetHiddenLine(int index, bool value) {
+  if (!ValidIndex(index) || !Item(index).FObject || GetHiddenLine(index) == value) return;
+  OwnAttribute(index)->SetValue(lfHidden, value);
+  FVisibleCount += value ? -1 : 1;
+}
+
+void TOrlMemoStrings::SetWrappedFlag(int Index, bool value) {
+  if (ValidIndex(Index) && Item(Index).FObject && IsLineWrapped(Index) != value) OwnAttribute(Index)->SetWrapped(value);
+}
+
+void TOrlMemoStrings::ConvertAttributes() {
+  if (GetCount() == 0 || !Item(0).FObject) return;
+  std::lock_guard lock(FLock);
+  const bool bToAttribute = !Item(0).FObject->IsAttribute();
+  for (int i = 0; i < GetCount(); ++i) {
+    TAttributePtr& slot = Item(i).FObject;
+    if (!slot) continue;
+    const auto shared = std::ranges::find(FFreshAttributes, slot.get(), [](const TFreshEntry& e) { return e.Attribute.get(); });
+    if (shared == FFreshAttributes.end()) {
+      slot = ConvertAttribute(*slot, bToAttribute);
+      continue;
+    }
+    TFreshState state = shared->State;
+    state.bFull = bToAttribute;
+    slot = FreshAttribute(state);
+  }
+  // No row holds the shared attributes of the old class any more.
+  std::erase_if(FFreshAttributes, [&](const TFreshEntry& e) { return e.State.bFull != bToAttribute; });
+}
+
+int TOrlMemoStrings::GetSpellList(int Index, TSpellList& aSpellList) const {
+  if (!ValidIndex(Index)) return 0;
+  aSpellList = ReadLineAttribute(Index).SpellList;
+  return aSpellList.Count();
+}
+
+void TOrlMemoStrings::ClearSSA() {
+  for (int i = 0; i < GetCount(); ++i)
+    if (!ReadLineAttribute(i).SpellList.IsEmpty()) OwnAttribute(i)->SpellList.Clear();
+}
+
+int TOrlMemoStrings::CountVisibleRows() const {
+  int visible = 0;
+  for (int i = 0; i < GetCount(); ++i) visible += GetHiddenLine(i) ? 0 : 1;
+  return visible;
+}
+
+void TOrlMemoStrings::SubtractVisible(int rows) {
+  FVisibleCount -= rows;
+  if (FVisibleCount >= 0) return;
+  FVisibleCount = FMemo ? FMemo->GetVisibleLines(0, GetCount() - 1) : CountVisibleRows();
+}
+
+} // namespace orl

@@ -1,0 +1,390 @@
+#pragma once
+// The line store: the text of one document as rows, each one UTF-16 string
+// without its line ending and one attribute. Every other part of the engine
+// reaches the text through it.
+//
+// Invariants:
+// 1. Every row made by the store has an attribute; its class is TAttribute
+//    while the memo has a style set and TTextAttribute otherwise. Rows that
+//    nobody has written to yet share one attribute per fresh state (see
+//    FFreshAttributes); a row gets its own object when a caller asks for a
+//    writable attribute. Only ClearLine leaves a row without attribute.
+// 2. FVisibleCount counts the rows whose Hidden flag is false.
+// 3. The ending of a real line is held by the LinefeedCR and LinefeedLF flags
+//    of the row after it; the last row has none, the first row's flags mean
+//    nothing.
+// 4. Every change of the row array, of a row's text or of which attribute a
+//    row holds happens under FLock. The background thread reads only under
+//    it, through the ...FromThread functions, and keeps what it read alive by
+//    shared ownership, never by holding the lock.
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/FormatSettings.h"
+#include "textstore/LineAttribute.h"
+#include "textstore/MemoStringsOwner.h"
+#include "textstore/OrlUniUtils.h"
+#include "textstore/OrlUnicodeStrings.h"
+#include "textstore/SysTextType.h"
+#include "textstore/WideStringArena.h"
+
+namespace orl {
+
+extern template class TElWideStringListOf<TAttributePtr>;
+
+/// Progress of a load or parse: position and total, (-1, 0) at the end.
+using TProgressEvent = std::function<void(int Position, int Total)>;
+/// Lets the host choose the code page of a load among the detected ones.
+using TDetectCPEvent = std::function<void(unsigned& cp, TElWideStrings& List, std::u16string_view FilePath)>;
+/// The host's regular-expression search in one row.
+using TRegExMemoFindEvent = TPosRegExFunc;
+
+class TOrlMemoStrings final : public TElWideStringListOf<TAttributePtr> {
+public:
+  /// `memo` may be null: the store then behaves as a plain list.
+  explicit TOrlMemoStrings(IMemoStringsOwner* memo = nullptr);
+  ~TOrlMemoStrings() override;
+
+  IMemoStringsOwner* Memo() const { return FMemo; }
+  int VisibleCount() const { return FVisibleCount; }
+  int LockCount() const { return FLockCount; }
+  /// 0 for an empty store and for one whose whole text is one CR LF, else the row count.
+  int RealCount() const;
+
+  // Adding rows. Unless said otherwise, a row gets a fresh attribute and
+  // counts as visible; "silent" means no Changing and Changed.
+
+  /// With a memo: tabs expanded (not in binary mode), a sorted list's
+  /// duplicate rule applied, events, under the lock.
+  int Add(std::u16string_view S) override;
+  /// Appends S as it is, silently; returns its index.
+  int DoAdd(std::u16string_view S);
+  /// Inserts at Index (below 0 counts as 0) with tabs expanded, silently.
+  void DoInsert(int Index, std::u16string_view S);
+  void InsertSilent(int Index, std::u16string_view S) { DoInsert(Index, S); }
+  /// With events, text as it is; an Index past the count is ignored.
+  void Insert(int Index, std::u16string_view S) override;
+  /// Inserts before real line Index, adding empty rows up to it first.
+  void InsertLineFromReal(int Index, std::u16string_view ws);
+  /// Appends s with A as its attribute, with events.
+  void AddLine(std::u16string_view s, TAttributePtr A);
+  /// Appends each line of Strings as it is, within one update.
+  void AddStrings(const TElWideStrings& Strings) override;
+  /// Appends a line cut into rows as the memo lays it out; returns the new count.
+  int AddQuickLine(std::u16string_view ws);
+  /// The same at Index, padding with empty rows up to it.
+  void InsertQuickLine(int Index, std::u16string_view ws);
+  /// Writes the line over what stands at Index, reusing its rows; returns the row after the line.
+  int PutQuickLine(int Index, std::u16string_view ws);
+  /// Room for a paste of nCount rows: nCount - 1 empty rows before Index.
+  void PrepareLines(int Index, int nCount);
+
+  // The wrapper's row tools; none expands tabs. Copy(S, x, len) is 1-based.
+
+  void AddWrapped(std::u16string_view S);
+  void AddWrappedFirst(std::u16string_view S, const TTextAttribute& A);
+  void InsertWrapped(int Index, std::u16string_view S);
+  void InsertWrappedFirst(int Index, std::u16string_view S, TAttributePtr A);
+  void InsertWrappedBuffer(int Index, std::u16string_view S, int x, int len);
+  void InsertWrappedFirstBuffer(int Index, std::u16string_view S, int x, int len, TAttributePtr A);
+  /// bCopy is kept for callers: a row never shares a caller's buffer.
+  void PutWrapped(int Index, std::u16string_view S, bool bCopy);
+  void PutWrappedFirst(int Index, std::u16string_view S, const TTextAttribute* A);
+  void PutWrappedBuffer(int Index, std::u16string_view S, int x, int len);
+  void PutWrappedFirstBuffer(int Index, std::u16string_view S, int x, int len);
+
+  // Deleting rows. A bad index does nothing.
+
+  /// Keeps the memo's caret on its text; without memo it fires the events.
+  void Delete(int Index) override;
+  void DoDelete(int Index);
+  /// With IncludeWrapped also the continuation rows that follow.
+  void DeleteSilent(int Index, bool IncludeWrapped);
+  /// Rows startLine to endLine in one move, under the lock.
+  void DeleteLinesSilent(int startLine, int endLine, bool IncludeWrapped);
+  /// Real line Index with its rows; the store's last row stays.
+  void DeleteLineFromReal(int Index);
+  /// Empties the row and takes its attribute away; returns it unless bFreeObject.
+  TAttributePtr ClearLine(int index, bool bFreeObject);
+  /// All rows, without events; capacity 16.
+  void Clear() override;
+  void ClearQuick() { Clear(); }
+
+  // Replacing text.
+
+  /// Raises for a sorted list or a bad index; silent.
+  void Put(int Index, std::u16string_view S) override;
+  /// Put with tabs expanded; without memo the list's Put with events.
+  void SetLineString(int Index, std::u16string_view S);
+  /// SetLineString of the first len characters; without memo the row is also enabled.
+  void SetLineBuffer(int Index, std::u16string_view S, int len);
+  /// Writes the row, giving it an attribute if it has none.
+  void SetAt(int line, std::u16string_view S);
+  /// Inserts S before 1-based position index (appends past the end); the new length, 0 for a bad line.
+  int InsertAt(int line, std::u16string_view S, int index);
+  /// Deletes len characters from position index; the new length, 0 for a bad line.
+  int DeleteAt(int line, int index, int len);
+  /// Writes S over the row from position index.
+  void OverWriteAt(int line, std::u16string_view S, int index);
+  /// The Text setter: reuses rows, so that the attributes of unchanged rows stay.
+  void SetText(std::u16string_view value) override;
+  /// Whole-text parse into rows, with each line's own ending.
+  void SetTextStr(std::u16string_view Value) override;
+  /// The same without wrap, keeping line marks and bookmarks by row number.
+  void SetTextStrSilent(std::u16string_view Value);
+  /// The whole text with CR LF between real lines.
+  std::u16string GetTextStr() const override;
+
+  /// With a memo: appends Source and lets the memo rebuild; else clears first.
+  void Assign(const TElWideStrings& Source) override;
+  /// Clears, then appends Source, telling nobody.
+  void AssignSilent(const TElWideStrings& Source);
+
+  // Reading. A bad index gives the neutral value named.
+
+  /// "" for a bad index.
+  std::u16string Get(int Index) const override;
+  /// The row's text, valid until the row changes; "" for a bad index.
+  std::u16string_view GetLineString(int index) const;
+  int GetLineLength(int Index) const;
+  /// 1-based; character 0 outside the row.
+  char16_t GetCharAt(int line, int index) const;
+  /// len characters from position index, clamped to the row; bTrim strips
+  /// blanks, tabs and U+00A0 at both ends.
+  std::u16string GetStringAt(int line, int index, int len, bool bTrim) const;
+  /// Copies the row into s (grown to its length + 100 if too short); the length.
+  int GetBuffer(int Index, std::u16string& s) const;
+  const TWideStringItem* GetPointerToListItem(int index) const;
+  bool IsLineWrapped(int Index) const { return ReadLineAttribute(Index).Wrapped(); }
+  bool GetHiddenLine(int index) const { return ReadLineAttribute(index).Hidden(); }
+  /// Every character white space; true for a bad line.
+  bool IsLineBlank(int line) const;
+  /// No character above 255 and no tab from ns to ne (below 1: to the end).
+  bool IsAnsiBetween(int line, int ns, int ne) const;
+  bool IsTextComplex(int Line) const;
+  /// True when s holds characters that need complex script shaping.
+  static bool IsTextComplex(std::u16string_view s);
+  /// Both rows exist, are not empty and are equal.
+  bool CompareLines(int line1, int line2) const;
+  std::u16string GetTabExpanded(int Index) const;
+  /// Length with tabs counted to their next stop.
+  int GetVisualLength(int line) const;
+  /// Copies the row's spell marks; their count.
+  int GetSpellList(int Index, TSpellList& aSpellList) const;
+
+  // Searching one row without copying it.
+
+  int WPosAt(int line, std::u16string_view SubStr, int Offset, bool bWildcards = false) const;
+  int WNCPosAt(int line, std::u16string_view SubStr, int Offset) const;
+  int WRPosAt(int line, std::u16string_view SubStr, int Offset) const;
+  int WNCRPosAt(int line, std::u16string_view SubStr, int Offset) const;
+  int WTextPosAt(int line, std::u16string_view SubStr, int Offset, int max, bool bLowerCase) const;
+  /// Through FOnRegExFind; -1 without a handler or for a bad line.
+  int WRegexPosAt(int line, std::u16string_view Pattern, int Offset, bool bCase, int& MatchLen) const;
+
+  // Writing within rows.
+
+  /// Appends the source row's text to the destination row.
+  void CopyLineTo(int sourceline, int destline);
+  /// Cuts the row's trailing white space (with bSpacesOnly not past a tab); returns what was cut.
+  std::u16string RemoveTrailingBlanks(int line, bool bSpacesOnly);
+  /// Exchanges text and attribute; events only with bTriggerChanged.
+  void SwapLines(int IndexA, int IndexB, bool bTriggerChanged);
+  void SetHiddenLine(int index, bool value);
+  /// Empties the spell marks of every row.
+  void ClearSSA();
+
+  // Attributes.
+
+  /// The row's own attribute, to read and write; for a bad index or a row
+  /// without attribute the store's default attribute, reset, which the
+  /// caller must neither keep nor write.
+  TTextAttribute* GetLineAttribute(int Index);
+  /// The row's attribute to read, without giving the row an object of its own.
+  const TTextAttribute& ReadLineAttribute(int Index) const;
+  /// A copy of the row's attribute, owned by the caller.
+  TAttributePtr GetLineAttributeObject(int Index) const;
+  /// Writes Value into the row's attribute as the attribute rules say; under the lock.
+  void SetLineAttribute(int Index, const TTextAttribute& Value);
+  /// Writes the row's scan state; under the lock.
+  void SetLineStyle(int Index, const TStyle& Value);
+  /// Swaps the class of every row's attribute (see ConvertAttribute).
+  void ConvertAttributes();
+
+  // Display reads.
+
+  /// The row as painted: bShowSpaces dots, bTabExpanded tabs expanded,
+  /// bShowLinebreaks a sign where a real line ends and another follows,
+  /// bSubCtrl glyphs for control characters. Tab marks are the painter's,
+  /// so bShowTabs changes nothing here.
+  std::u16string GetVisual(int Index, bool bShowTabs, bool bShowLinebreaks, bool bShowSpaces, bool bTabExpanded,
+                           bool bSubCtrl);
+  /// The same into s, with the sign of the ending the next row holds; the length.
+  int GetVisualBuffer(std::u16string& s, int Index, bool bShowTabs, bool bShowLinebreaks, bool bShowSpaces,
+                      bool bTabExpanded, bool bSubCtrl);
+
+  /// Text from (startx, starty) to (endx, endy), columns 1-based and
+  /// inclusive, with each real line's ending from the next row's flags.
+  std::u16string GetText(int starty, int endy, int startx, int endx, bool bBinaryMode, bool bOnlyCRLF,
+                         bool bHexTextData) const;
+  /// Characters of aMemo's selection, with line endings if asked.
+  int SelectionLength(const IMemoStringsOwner& aMemo, bool bIncludeCRLF, bool bRealCRLF) const;
+
+  // Real lines.
+
+  /// First row of real line Index; the identity while nothing wraps.
+  int GetWrapIndex(int Index);
+  /// Rows of the real line starting at row `line`.
+  int GetWrappedLineCount(int line) const;
+  /// Whole text of the real line holding row Index; nLines its rows.
+  std::u16string GetUnwrappedLine(int Index, int& nLines) const;
+  /// Forgets the real-line cache; bulk changes call it first.
+  void InitSetText();
+
+  // Reads of the background thread, each under the lock.
+
+  TSharedWideString GetLineStringFromThread(int index) const;
+  int GetCountFromThread() const;
+  /// The row's attribute, kept alive for the caller; a throw-away default for a bad index.
+  TAttributePtr GetLineAttributeFromThread(int index);
+  std::u16string GetUnwrappedLineFromThread(int Index, int& nLines) const;
+
+  /// Allocated bytes of rows, texts and attributes, for memory figures.
+  size_t AllocatedBytes() const;
+
+  // Fields the file input and output, the wrapper and the clones work with.
+
+  bool FAddToLastLine = false;    // the next parsed line continues the last row
+  bool FAddToStringList = false;  // the parser appends instead of clearing first
+  std::vector<IMemoStringsOwner*> FCloneMemoList;
+  unsigned FCodePage;
+  int64_t FCurrentStreamPos = 0;
+  TDateTime FFileDateTime = 0;
+  std::u16string FFileName;
+  bool FMonitorLogFile = false;
+  bool FHasAnnotationPanel = false;
+  TDetectCPEvent FOnDetectCP;
+  TProgressEvent FOnProgress;
+  bool FSaveBigUnicode = false;
+  bool FSaveUTF = false;
+  bool FSaveCodePage = false;
+  TSysTextType FSysTextType = sttWindows;
+  bool FUseBOM = false;
+  bool FIllegalControlCodes = false;
+  bool FInString = false;  // inside a quoted field of a delimited file; lives across chunks
+  TRegExMemoFindEvent FOnRegExFind;
+  int64_t FSize = 0;
+  TDateTime FTempFileDateTime = 0;
+  int64_t FTotalHexCount = 0;
+
+protected:
+  void SetUpdateState(bool Updating) override;
+  void InsertItem(int Index, std::u16string_view S, TAttributePtr AObject) override;
+
+private:
+  /// What tells apart the attributes that rows nobody wrote to share.
+  struct TFreshState {
+    bool bFull = false;            // TAttribute rather than TTextAttribute
+    TSysTextType TextType = sttWindows;
+    uint32_t Flags = 0;            // FBooleanArray bits set on top of a new row's
+    int8_t Ending = -1;            // -1: the type's ending; else bit 0 LinefeedCR, bit 1 LinefeedLF
+    int ChangeHistory = 0;
+    bool operator==(const TFreshState&) const = default;
+  };
+  struct TFreshEntry {
+    TFreshState State;
+    TAttributePtr Attribute;
+  };
+
+  /// While it lives, the texts of new rows are cut from one arena; nested
+  /// bulk operations share the outermost one's.
+  class TBulkLoad {
+  public:
+    explicit TBulkLoad(TOrlMemoStrings& store) : FStore(store), FOuter(store.FBulkArena) {
+      if (!FOuter) store.FBulkArena = &FArena;
+    }
+    ~TBulkLoad() { FStore.FBulkArena = FOuter; }
+
+  private:
+    TOrlMemoStrings& FStore;
+    TWideStringArena* FOuter;
+    TWideStringArena FArena;
+  };
+
+  TMemoStoreSettings Settings() const { return FMemo ? FMemo->StoreSettings() : TMemoStoreSettings(); }
+  /// S with tabs expanded as the memo wants, in FWST when it changes.
+  std::u16string_view Tabbed(std::u16string_view S, const TMemoStoreSettings& settings);
+  bool FullAttributes(const TMemoStoreSettings& settings) const { return FMemo && settings.bHasStyles; }
+
+  // Rows.
+  TSharedWideString NewText(std::u16string_view S) {
+    return FBulkArena ? FBulkArena->Make(S) : TSharedWideString(S);
+  }
+  void InsertRow(int Index, std::u16string_view S, TAttributePtr A);
+  void EraseRows(int Index, int Count);
+  void WriteRow(int Index, std::u16string_view S);
+  /// Runs `edit` on the row's text under the lock.
+  template <class TEdit>
+  void EditRow(int Index, TEdit&& edit) {
+    std::lock_guard lock(FLock);
+    edit(Item(Index).FString);
+  }
+  void NoteRowsChangedAt(int Index);
+  void SubtractVisible(int rows);
+  int CountVisibleRows() const;
+
+  // Attributes.
+  /// The state of a row that the store makes now, for the class the memo asks for.
+  TFreshState NewRowState(const TMemoStoreSettings& settings) const;
+  /// The shared attribute of `state`, made on first use.
+  TAttributePtr FreshAttribute(const TFreshState& state);
+  TAttributePtr NewRowAttribute() { return FreshAttribute(NewRowState(Settings())); }
+  bool IsShared(const TTextAttribute* a) const;
+  TTextAttribute* OwnAttribute(int Index);
+  TTextAttribute* ResetNilAttribute();
+  static const TTextAttribute& BlankAttribute();
+  void SetWrappedFlag(int Index, bool value);
+
+  // Quick family and text setters.
+  /// The memo's layout of `ws` into FPieces, made to cover the line exactly.
+  void LayOut(std::u16string_view ws, TQuickLineCall call);
+  /// Inserts the pieces of FPieces from `row` on: the first as a line's first
+  /// row, the others as its continuations.
+  void InsertPieces(int row, std::u16string_view ws, const TMemoStoreSettings& settings, const TFreshState& firstRow);
+  int AddQuickLineWith(std::u16string_view ws, const TMemoStoreSettings& settings, const TFreshState& firstRow);
+  /// A row's marks, noted by row number across a silent parse.
+  struct TRowMark {
+    int Row;
+    bool bLinemark;
+    int8_t Bookmark;
+  };
+  void ParseRows(std::u16string_view Value, bool bSilent);
+  void ParseLines(std::u16string_view Value, bool bSilent, const TMemoStoreSettings& settings);
+  std::vector<TRowMark> NoteMarks() const;
+  void RestoreMarks(const std::vector<TRowMark>& marks);
+  bool IsDelimitedFile(const TMemoStoreSettings& settings) const;
+
+  // Reads.
+  /// The painted row into s; bOneSign shows every ending by the same sign.
+  int VisualInto(std::u16string& s, int Index, bool bShowLinebreaks, bool bShowSpaces, bool bTabExpanded,
+                 bool bSubCtrl, bool bOneSign);
+  void AppendRange(std::u16string* out, size_t& length, int starty, int endy, int startx, int endx,
+                   bool bBinaryMode, bool bOnlyCRLF, bool bHexTextData) const;
+
+  IMemoStringsOwner* FMemo;
+  std::u16string FWST;  // scratch for tab expansion
+  int FLockCount = 0;
+  int FVisibleCount = 0;
+  int FRealLine = 0;
+  int FWrapLine = 0;
+  TAttributePtr FNilAttribute;
+  std::vector<TFreshEntry> FFreshAttributes;
+  size_t FLastFresh = 0;  // the entry found last: rows in a row mostly share one
+  TWideStringArena* FBulkArena = nullptr;
+  std::vector<int> FPieces;  // scratch of the quick family's layouts
+};
+
+} // namespace orl
