@@ -163,3 +163,18 @@ TEST(Gdtool, ConvertFailsAFileRatherThanOverwriteWhatIsInTheWay) {
   EXPECT_EQ(ReadBytes(dir / "b.gdx.old"), older);
   EXPECT_EQ(ReadBytes(dir / "b.gdx").substr(0, 2), "\xFF\xFE");
 }
+
+TEST(Gdtool, StylesShowWhatTheEngineMakesOfADefinition) {
+  const TRun cpp = Gdtool("styles " + Quoted((fs::path(HOST_DIR) / "syntax" / "C++.gdx").string()));
+  EXPECT_EQ(cpp.Status, 0) << cpp.Output;
+  EXPECT_NE(cpp.Output.find("#Preprocessor: regular expression, colour #"), std::string::npos) << cpp.Output;
+  EXPECT_NE(cpp.Output.find("comments: line '//'"), std::string::npos);
+
+  orl::test::TTempFolder dir;
+  orl::test::WriteBytes(dir / "Bad.gdx", ";{}\r\n\r\n[Keywords]\r\n#Broken=([a-\r\nWords=a|b|\r\n\r\n");
+  const TRun bad = Gdtool("styles " + Quoted((dir / "Bad.gdx").string()) + " --dark");
+  EXPECT_EQ(bad.Status, 1) << bad.Output;
+  EXPECT_NE(bad.Output.find("#Broken: regular expression (never matches)"), std::string::npos) << bad.Output;
+  EXPECT_NE(bad.Output.find("problem: "), std::string::npos);
+  EXPECT_EQ(Gdtool("styles " + Quoted((dir / "none.gdx").string())).Status, 2);
+}

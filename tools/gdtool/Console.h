@@ -27,9 +27,11 @@ bool ResaveDefinition(const std::filesystem::path& in, const std::filesystem::pa
 int RunCheck(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int RunResave(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int RunConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunStyles(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 extern const char* const kCheckHelp;
 extern const char* const kResaveHelp;
 extern const char* const kConvertHelp;
+extern const char* const kStylesHelp;
 
 } // namespace gdtool

@@ -17,6 +17,7 @@ const char* const kUsage =
     "  check FILE.gdx...          show what each definition holds and its problems\n"
     "  resave IN.gdx [OUT.gdx]    read a definition and write it as the workbench saves it\n"
     "  convert OLD...             convert older definitions to current pairs\n"
+    "  styles FILE.gdx [--dark]   show the style set the editor engine makes of a definition\n"
     "  help [COMMAND]             show this text or a command's help\n"
     "\n"
     "Exit status: 0 fine, 1 problems found, 2 unusable input or arguments.\n";
@@ -25,6 +26,7 @@ int Help(const std::string& command) {
   if (command == "check") std::cout << gdtool::kCheckHelp;
   else if (command == "resave") std::cout << gdtool::kResaveHelp;
   else if (command == "convert") std::cout << gdtool::kConvertHelp;
+  else if (command == "styles") std::cout << gdtool::kStylesHelp;
   else std::cout << kUsage;
   return gdtool::exOk;
 }
@@ -44,6 +46,7 @@ int main(int argc, char** argv) {
   if (command == "check") return gdtool::RunCheck(args, std::cout, std::cerr);
   if (command == "resave") return gdtool::RunResave(args, std::cout, std::cerr);
   if (command == "convert") return gdtool::RunConvert(args, std::cout, std::cerr);
+  if (command == "styles") return gdtool::RunStyles(args, std::cout, std::cerr);
   std::cerr << "gdtool: unknown command '" << command << "'\n\n" << kUsage;
   return gdtool::exUnusable;
 }
