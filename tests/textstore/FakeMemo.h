@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "textstore/MemoStringsOwner.h"
+#include "textstore/OrlMemoStrings.h"
 
 namespace orl::test {
 
@@ -40,5 +41,14 @@ public:
   std::vector<TFullPos> Bookmarks;  // (number, row)
   int Assigned = 0;
 };
+
+using L = std::vector<std::u16string>;
+
+/// The store's rows as texts.
+inline L Rows(const TOrlMemoStrings& store) {
+  L rows;
+  for (int i = 0; i < store.Count(); ++i) rows.emplace_back(store.GetLineString(i));
+  return rows;
+}
 
 } // namespace orl::test

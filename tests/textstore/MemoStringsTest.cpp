@@ -6,17 +6,11 @@
 #include "textstore/OrlMemoStrings.h"
 
 using namespace orl;
+using test::L;
+using test::Rows;
 using test::TFakeMemo;
 
 namespace {
-
-using L = std::vector<std::u16string>;
-
-L Rows(const TOrlMemoStrings& store) {
-  L rows;
-  for (int i = 0; i < store.Count(); ++i) rows.emplace_back(store.GetLineString(i));
-  return rows;
-}
 
 // Endings as the rows hold them: "" for the first row, else CR, LF or CRLF.
 std::vector<std::string> Endings(const TOrlMemoStrings& store) {

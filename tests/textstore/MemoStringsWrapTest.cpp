@@ -8,17 +8,11 @@
 #include "textstore/OrlMemoStrings.h"
 
 using namespace orl;
+using test::L;
+using test::Rows;
 using test::TFakeMemo;
 
 namespace {
-
-using L = std::vector<std::u16string>;
-
-L Rows(const TOrlMemoStrings& store) {
-  L rows;
-  for (int i = 0; i < store.Count(); ++i) rows.emplace_back(store.GetLineString(i));
-  return rows;
-}
 
 std::vector<bool> WrappedFlags(const TOrlMemoStrings& store) {
   std::vector<bool> flags;
