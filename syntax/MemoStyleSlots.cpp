@@ -24,11 +24,13 @@ void TOrlMemoStyleSlots::FreeSyntaxStyles() {
   for (TOrlCustomMemoStyles* styles : owned) delete styles;
   FStylesThread = FOldStyles = FOldStylesThread = nullptr;
   --FFoldUpdatesStopped;
+  StylesChanged();
 }
 
 void TOrlMemoStyleSlots::SetStyles(TOrlCustomMemoStyles* styles) {
   FStyles = styles;
   FStylesThread = styles;
+  StylesChanged();
 }
 
 } // namespace orl

@@ -22,6 +22,9 @@ public:
   void FreeSyntaxStyles();
   /// Makes `styles` the current set of both threads, taking ownership.
   void SetStyles(TOrlCustomMemoStyles* styles);
+  /// Called after the current set was given or taken away, so that a memo
+  /// can bring its rows' attributes to the class the set needs.
+  virtual void StylesChanged() {}
 
   TOrlCustomMemoStyles* FStyles = nullptr;         ///< current set of the main thread
   TOrlCustomMemoStyles* FStylesThread = nullptr;   ///< current set of the background thread

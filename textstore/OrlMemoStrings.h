@@ -244,6 +244,16 @@ public:
   /// Forgets the real-line cache; bulk changes call it first.
   void InitSetText();
 
+  // Text offsets: rows and line ends counted from the top, 2 per real line
+  // end whatever the document's endings (none in binary mode).
+
+  /// Offset of column x (clamped to the row) in row y; y past the end means the last row.
+  int64_t GetCharPosFromXY(int x, int y) const;
+  /// Row and column of offset pos; with bStartFromXY the walk starts at row y,
+  /// whose first character stands at offset nStartPos. Past the end: the last
+  /// row and its length less 1.
+  void GetXYFromCharPos(int64_t pos, int& x, int& y, bool bStartFromXY, int64_t nStartPos) const;
+
   // Reads of the background thread, each under the lock.
 
   TSharedWideString GetLineStringFromThread(int index) const;

@@ -1,0 +1,402 @@
+#pragma once
+// The memo: the engine's editing control. TOrlCustomMemo holds all state of
+// one editor pane over a line store; TOrlMemo adds what a finished editor
+// needs on top (commands, file saving with backups, hex and diff glue).
+//
+// The memo reaches its window only through IMemoWindow, so it runs headless;
+// a toolkit widget forwards its events to it and answers those calls.
+//
+// Coordinate systems, as every other memo operation uses them:
+// text offset (0-based over the whole text, 2 per line end), line (0-based
+// store row), real line (unwrapped line), screen row (from FTopLine over
+// shown lines), character column X (0-based in the row, tab counts one),
+// visual column (tabs expanded to multiples of FTabSize) and pixel.
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editing/MemoGeometry.h"
+#include "editing/MemoOwnedParts.h"
+#include "editing/MemoWindow.h"
+#include "syntax/CharStyle.h"
+#include "syntax/MemoStyleSlots.h"
+#include "textstore/FullPos.h"
+#include "textstore/MemoStringsOwner.h"
+#include "textstore/OrlMemoStrings.h"
+
+namespace orl {
+
+class THeadlessWindow;
+
+enum TScrollMode : uint8_t { smAuto, smStrict };
+enum TOffsetScrollMode : uint8_t { osmNone, osmAllow, osmNotAllow };
+enum TDocumentMapRedrawType : uint8_t { dmrNone, dmrAllow, dmrDocMapOnly, dmrRepaint, dmrUpdate, dmrForce };
+enum TProgressStage : uint8_t { psStarting, psRunning, psEnding };
+
+/// Selector of VisibleCellCount.
+enum TVisibleCount : uint8_t { vcPageWidth, vcPageHeight, vcLastVisiblePos, vcLastVisibleLine };
+
+/// A selection's ends in reading order.
+struct TOrderedSelection {
+  int StartX = 0, StartY = 0, EndX = 0, EndY = 0;
+  bool operator==(const TOrderedSelection&) const = default;
+};
+/// Swaps the ends when the end stands before the start; in column mode also
+/// the columns, so that the result is a rectangle.
+TOrderedSelection OrderSelection(int StartX, int StartY, int EndX, int EndY, bool bColumn);
+
+class TOrlCustomMemo : public TOrlMemoStyleSlots, public IMemoStringsOwner, public IMemoWindowClient {
+public:
+  /// `window` may be null: the memo then lives in a headless window of its
+  /// own. `szDataFolder` is where macros and icons are looked for.
+  explicit TOrlCustomMemo(IMemoWindow* window = nullptr, std::u16string szDataFolder = u"");
+  ~TOrlCustomMemo() override;
+  TOrlCustomMemo(const TOrlCustomMemo&) = delete;
+  TOrlCustomMemo& operator=(const TOrlCustomMemo&) = delete;
+
+  IMemoWindow& Window() { return *FWindow; }
+
+  // Text access.
+  TOrlMemoStrings& Lines() { return *FLines; }
+  /// The store every operation works on: a split slave's is its master's.
+  TOrlMemoStrings& InternalLines();
+  std::u16string Text() { return InternalLines().GetTextStr(); }
+  void SetText(std::u16string_view text);
+
+  // Caret.
+  int CurX() const { return FCurX; }
+  int CurY() const { return FCurY; }
+  /// Moves the caret within its row, snapped to a cluster stop.
+  void SetCurX(int Value);
+  /// Moves the caret to another row, keeping its visual column.
+  void SetCurY(int Value);
+  void SetTextCursorValues(int aCurX, int aCurY) {
+    FCurX = aCurX;
+    FCurY = aCurY;
+  }
+  /// The character stop nearest to `to` when moving from `from` in the row:
+  /// surrogate pairs, combining marks and joiners are never split. A move
+  /// over plain text below 256 without tabs takes no break analysis.
+  int ClusterStop(int line, int from, int to);
+
+  // Selection.
+  TOrderedSelection GetSelection() const;
+  bool HasSelection() const { return FSelStartX != FSelEndX || FSelStartY != FSelEndY; }
+  virtual void ClearSelection(bool bCaretToo);
+
+  // State.
+  bool Modified();
+  void SetModified(bool Value);
+  bool ReadOnly() const { return FReadOnly; }
+  void SetReadOnly(bool Value) { FReadOnly = Value; }
+  int TabSize() const { return FTabSize; }
+  void SetTabSize(int Value);
+
+  // Update brackets and change handling.
+  virtual void BeginUpdate();
+  virtual void EndUpdate();
+  virtual void LinesChanged(bool bRedraw, bool bNew, bool SetCaret);
+  /// Stops (true) or lets run (false) the background thread; the result
+  /// says whether it had been halted before.
+  bool SuspendThread(bool bSuspend);
+  void StopTimersAndThreads(bool bFree);
+
+  // Font and geometry.
+  const TMemoFont& Font() const { return FFont; }
+  void SetFont(const TMemoFont& font);
+  void SetAltFont(const TMemoFont& font);
+  void UseAltFont(bool Value);
+  void FontChanged();
+  void AltFontChanged();
+  void UpdateDPI(int newDPI, int oldDPI);
+  TCellSize CellSize() const { return FCellSize; }
+  bool ColumnMode() const { return FColumnMode; }
+  void SetColumnMode(bool Value);
+  /// The text area; with bMemoWindow the right edge stays at the client's.
+  TRect EditorRect(bool bMemoWindow, int line);
+  int VisibleCellCount(TVisibleCount what);
+  int VisiblePosCount() { return VisibleCellCount(vcPageWidth); }
+  int VisibleRowMax() { return VisibleCellCount(vcPageHeight); }
+  int LastVisiblePos() { return VisibleCellCount(vcLastVisiblePos); }
+  int LastVisibleLine() { return VisibleCellCount(vcLastVisibleLine); }
+  void ResizeScrollBars(bool bRedraw, int AMaxLen);
+
+  // Conversions.
+  int FromRealCursorPos(int line, int x);
+  int ToRealCursorPos(int line, int vx, std::u16string_view sv = {});
+  int ToRealStringPos(int vx, std::u16string_view W, int indx, int ALen) const;
+  static std::u16string StringToVisual(std::u16string_view W, int tabSize);
+  std::u16string StringToVisual(std::u16string_view W) const { return StringToVisual(W, FTabSize); }
+  int TextLength(int ALine, int CharX, bool bPrinter, bool bDocumentMap);
+  TFullPos CharXYFromPos(int x, int Y, bool bPrinter, std::u16string_view ws = {});
+  /// The character under a client pixel, scroll included.
+  TFullPos PointToCharPos(int x, int y);
+  int64_t TextFromPos(int x, int y);
+  TFullPos PosFromText(int64_t pos);
+  int GetRowFromLine(int line);
+  int GetLineFromRow(int row);
+  int GetNextVisibleLine(int from, int line);
+  /// The same walk; kept under both names for callers that read backwards.
+  int GetPrevVisibleLine(int from, int line) { return GetNextVisibleLine(from, line); }
+  int GetVisibleLines(int nFrom, int nTo) override;
+  int GetRealLine(int line);
+  int GetWrapStartLine(int line);
+  bool IsLineHidden(int line) { return InternalLines().GetHiddenLine(line); }
+
+  // Words.
+  bool IsSymbolBoundary(char16_t ch) const;
+  static bool CharIsWhiteSpace(char16_t ch, bool bIncludeTab);
+
+  // Redraw.
+  void Invalidate();
+  void InvalidateLine(int line);
+  virtual void InvalidateLines(int from, int to);
+
+  // Split views.
+  void AssignSplitMemo(TOrlCustomMemo* ctrl, bool asSlave);
+  /// The view got the focus: a slave rehooks the shared store to itself.
+  void DoEnter();
+
+  // Timers.
+  void TimerFired(TMemoTimer timer) override;
+  static int TimerInterval(TMemoTimer timer);
+
+  /// A style set came or went: rows take the attribute class it needs.
+  void StylesChanged() override;
+
+  // What the store asks of its memo.
+  TMemoStoreSettings StoreSettings() const override;
+  TFullPos CaretPos() const override { return {FCurX, FCurY}; }
+  void SetCaretPos(TFullPos pos) override { SetTextCursorValues(pos.x, pos.Y); }
+  TMemoSelection Selection() const override;
+  void LayoutLine(std::u16string_view line, TQuickLineCall call, std::vector<int>& pieces) override;
+  void RaiseMaxLength(int length) override;
+  void SetHasTabs(bool value) override { FHasTabs = value; }
+  void SetBookmarkListValue(int number, int row) override;
+  void LinesAssigned() override;
+
+  // Events.
+  std::function<void()> OnChange, OnCursorChange, OnStatusChange;
+  std::function<void(bool bMultiSelectionChange)> OnSelectionChange;
+  std::function<void(bool Value)> OnColumnModeChange;
+  std::function<void(bool CanUndo, bool CanRedo)> OnUndoChange;
+  std::function<void(bool& Allow)> OnOverwriteToggle;
+  std::function<void(int Value)> OnHScrollChange, OnVScrollChange;
+  std::function<void(const std::u16string& URL)> OnURLClick;
+  std::function<void(int LineNo)> OnGutterClick, OnGutterRightClick;
+  std::function<void(std::u16string& ws, bool& bUserClipboard)> OnClipboard;
+  std::function<void(const std::u16string& section, const std::u16string& key, bool& value)> OnMemoReadBooleanSetting;
+  std::function<void(const std::u16string& section, const std::u16string& key, bool value)> OnMemoWriteBooleanSetting;
+  std::function<void(const std::u16string& section, const std::u16string& key, std::u16string& value)>
+      OnMemoReadLanguageValue;
+  std::function<void(TProgressStage Stage, uint8_t PercentDone, bool RedrawNow, const TRect& R,
+                     const std::u16string& Msg)>
+      OnMemoWorkProgress;
+
+  /// Guards what the background thread shares with the main thread; declared
+  /// first so that it is destroyed last.
+  std::recursive_mutex FLock;
+
+  // Position and scroll.
+  int FCurX = 0, FCurY = 0;
+  int FOldCurX = 0;
+  int FPreviousCurY = 0;
+  unsigned FCaretX = 0, FCaretY = 0;
+  int FCaretWidth = 1;
+  int FCaretScrollDistance = 10;
+  int FCaretScrollVDistance = 1;
+  int FLeftCol = 0, FLastLeftCol = 0;
+  int FTopLine = 0, FRealTopLine = 0, FPrevTopLine = 0;
+  TAttributePtr FTopLineObject;
+  TScrollMode FScrollMode = smAuto;
+  TOffsetScrollMode FOffsetScrollMode = osmNone;
+  int FMaxTextWidth = 0;
+  int FMaxLength = 0;
+  bool FFindScroll = false, FDoNotScroll = false, FMoveCaretXY = false;
+  bool FKeyUp = false, FKeyDown = false;
+  int FCurrentNavigateY = -1000, FPrevNavigateY = -1000;
+  int FNavigationHistoryOffset = 0;
+
+  // Selection.
+  int FSelStartX = 0, FSelStartY = 0, FSelEndX = 0, FSelEndY = 0;
+  int FPrevSelX = 0, FPrevSelY = 0;
+  bool FSelectionMode = false, FSelectionMoveCaret = false;
+  bool FColumnMode = false, FColumnModeRelease = false;
+  bool FSelectionDrag = false, FGutterSelection = false;
+  int BSelLine = -1, BSelStart = -1, BSelLen = -1;
+  TFullPos FSelCharPos{-1, -1};
+  int FOpenSelStart = 0, FOpenSelEnd = 0, FOpenCurX = 0, FOpenCurY = 0;
+
+  // Owned objects.
+  std::unique_ptr<TOrlMemoStrings> FLines;
+  std::unique_ptr<TOrlMemoStrings> Html;
+  std::unique_ptr<TOrlUndoList> FUndoList;
+  std::unique_ptr<TOrlUndoList> FDiffModeUndoList;
+  std::unique_ptr<TOrlGutter> FGutter;
+  std::unique_ptr<TOrlRuler> FRuler;
+  std::unique_ptr<TOrlHexView> FHexViewer;
+  std::unique_ptr<TBackgroundThread> FBkThread;
+  std::shared_ptr<TMacroHolder> FMacroHolder;
+  std::unique_ptr<TAutoCompletion> FAutoCompletion;
+  std::unique_ptr<TAutoCorrect> FAutoCorrect;
+  std::unique_ptr<TAutoCompletionForm> FormAutoCompletion;
+  TStringList FAutoCompleteList;
+  std::unique_ptr<TOrlHintWindow> FHintForm;
+  std::unique_ptr<TOrlFoldHintWindow> FFoldHintForm;
+  TDocumentMapInfo FDocumentMapInfo;
+  TDocumentMapRedrawType FDocMapDrawType = dmrForce;
+  TRect FLinePanel{0, 0, 100, 26};
+  bool FLinePanelVisible = false;
+  std::vector<std::unique_ptr<TMultiCursorPos>> FMultiCursorList;
+  TStringList FHighlightSelections, FHighlightWords, FHighlightFinds, FHighlightExpressionList;
+  TStringList FCodeExplorerTagsList, TodoList, FCEList1, FCEList2, FCEFavoriteList;
+  std::vector<int> FWWList;
+  TCharStyle FUrlStyle;
+
+  // Shared, not owned.
+  TOrlCustomMemo* FSplitMemo = nullptr;
+  TOrlCustomMemo* FTextDiffMemo = nullptr;
+  bool FSplitSlave = false;
+  bool FActiveSplitView = false;
+
+  // Metrics.
+  TMemoFont FFont, FAltFont, FPrintFont;
+  bool FUseAltFont = false;
+  TCellSize FCellSize;
+  int FFontHeight = 0, FAltFontHeight = 0;
+  int FCharSpaceEx = 0;
+  int FTextLead = 0;
+  bool FMonospacedFont = false;
+  bool FDisableBoldItalic = false;
+  bool FInternalFontLeading = false;
+  int FZoomValue = 100;
+  int FCurrentDPI = 96;
+  int FTabSize = 4;
+  int FTabInt = 0;
+  int FMargin = 1;
+  int FGutterWidth = 0;
+  int FRightMargin = 80;
+  int FLineWrapIndent = 0;
+  /// The font the measuring canvas holds: column and binary mode force a monospaced one.
+  TMemoFont FMeasureFont;
+
+  // Delimiters.
+  std::u16string FCachedDelimiters;
+  std::u16string FSelectDelimiters;
+  std::u16string FSelectDelimitersAlt;
+  std::u16string FUserDelimiters;
+
+  // Options that start on.
+  bool FAutoIndent = true, FWantTab = true, FAllowDragText = true, FAllowFoldHint = true, FHighlightLine = true,
+       FHighlightLineBorder = true, FHighlightBraces = true, FHighlightFoldBlock = true, FRegionNodes = true,
+       FTabAsSpaces = true, FPreserveTab = true, FEnableLeftMargin = true, FIndentWrappedLines = true,
+       FShowIndentLinesDotted = true, FBlockShow = true, FLetRefresh = true, FHighlightColorValues = true,
+       FEncloseSelectionWithParenthesis = true, FEncloseSelectionWithQuotes = true, FAllowTextDiffEvent = true,
+       FletgetCaretTime = true;
+  // Options that start off.
+  bool FAllowNodes = false, FCaseSensitive = false, FOverwrite = false, FReadOnly = false, FWordWrap = false,
+       FForceWrap = false, FWrapAtRightMargin = false, FHardWrapAtRightMargin = false,
+       FWrapAtComplexBreakpoints = false, FHexView = false, FBinaryMode = false, FTextDiffMode = false,
+       FShowDocumentMap = false, FShowTabs = false, FShowCRLF = false, FUrlAware = false, FLineNumbers = false,
+       FKeepTrailing = false, FPasteDoNotMoveCursor = false, FUseRTL = false, FSystemSelectionColors = false,
+       FHomeKeyToLineStart = false, FAutoHideHorzScrollBar = false, FAutoHideVertScrollBar = false,
+       FNotepadCursor = false, FIsASCII = false, FHexTextAsAscii = false, FHandleCSV = false, FHasTabs = false,
+       FSyncEdit = false, FNoUpdate = false, FUpdate = false, FSuspendPainting = false, FClosing = false,
+       FHaltBkThread = false, FDoThreadInvalidate = false, FUpdateClones = false, FNewAtStartup = true,
+       FModifiedAndSaved = false, FResetUndoBuffer = false, FOldReadOnly = false, FNoResize = false,
+       FHasLoaded = true, FRecordMacro = false, FUpdateCodeExplorer = false;
+
+  // Numbers.
+  int FForcewrapLength = 4096;
+  int FWrapAtColumnValue = 80;
+  int FAutoHintParameterDelay = 2500;
+  int FIndentLineWidth = 2;
+  int FLineNumberStart = 1;
+  int FDocumentMapWidth = 180;
+  int FListFontSize = 10;
+  std::u16string FListFontName = u"Tahoma";
+  int FFontQuality = 6;
+  int FTextCoding = 1;
+  unsigned FDefaultEncoding;
+  int FCodePageXML = -1, KeyboardCodePage = -1, FActiveLine = -1, FSkipLine = -1, FFoldHighlightCurrent = -1,
+      FFoldHighlightMatching = -1, FOldFoldLine = -1, FCurFoldStart = -1, FCurFoldEnd = -1, FOldDocMapLine = -1,
+      FHintLeft = -1;
+
+  // Colours.
+  TColor FBkColor = 0xFFFFFF, FSelColor = 0xFFFFFF, FThemeLight = 0xFFFFFF, FHexGutterColor = 0xFFFFFF,
+         FDocumentMapBkColor = 0xFFFFFF;
+  TColor FSelBkColor = 0x800000, FHexGutterTextColor = 0x800000;
+  TColor FThemeDark = TColor(0xFF000000u | 27);
+  TColor FNodeColor = 0xF0A080;
+  TColor FRgnColor = 0x808080, FBlockLineColor = 0x808080, FHexAnsiColor = 0x808080,
+         FHexGutterCurrentLineColor = 0x808080;
+  TColor FLineHighlightColor = 0xF0FBFF;
+  TColor FTagHighlightColor = RGB(0, 200, 255);
+  TColor FSyncEditBkColor = 0xFFFCE0;
+  TColor FRightMarginColor = 0xE2E2E2;
+  TColor FHighlightFindColor = RGB(255, 120, 0), FHighlightFindTextColor = 0xFFFFFF;
+  TColor FHighlightSelectionColor = RGB(80, 180, 80), FHighlightSelectionTextColor = 0xFFFFFF;
+  TColor FHighlightWordsColor = 0x0000FF, FHighlightWordsTextColor = 0x00FFFF;
+  TColor FAutoHighlightWordsColor = 0x008000, FAutoHighlightWordsTextColor = 0xFFFFFF;
+  TColor FSpellLineColor = 0x0000FF;
+  int FSpellLineWidth = 1;
+
+  // Brace, tag and bookmark marks.
+  TBracePoint FLeftBrace, FRightBrace;
+  TTagPosData FTagPosData;
+  std::array<bool, 10> FBookmarkList{};
+  std::array<int, 21> FTaglines;
+
+  // Scratch buffers, kept so that painting and measuring allocate nothing per line.
+  std::u16string FS, FST, FWT, FSD, FCW, FWB, FWC, FSUC, FFindBuf, FSW, FBuffer;
+
+  std::u16string FDataFolder;
+
+  static constexpr TColor RGB(int r, int g, int b) { return TColor(r | (g << 8) | (b << 16)); }
+
+protected:
+  /// The undo list that edits go to: a split slave's is its master's.
+  TOrlUndoList& InternalUndoList();
+  /// Runs `fn` on every timer the memo owns.
+  void StopTimer(TMemoTimer timer) { FWindow->StopTimer(timer); }
+
+private:
+  void HookStore(TOrlMemoStrings& store);
+  void ApplyForceWrap();
+  /// The row with control characters substituted, padded with blanks to `upTo`, in FBuffer.
+  std::u16string_view PaddedRow(std::u16string_view row, int upTo);
+  /// The row laid out as the toolkit shapes it: the trailing edge of character CharX - 1.
+  int MeasureComplex(std::u16string_view row, int CharX);
+  int ShownRowsBetween(int from, int to);
+  int StepShownLines(int from, int count);
+  bool RowIsPlainAnsi(std::u16string_view row) const;
+  void AssignScratchBuffers();
+  /// Applies the font to the measuring canvas and derives the cell.
+  void MeasureFont(const TMemoFont& font);
+
+  std::unique_ptr<THeadlessWindow> FOwnWindow;
+  IMemoWindow* FWindow;
+};
+
+class TOrlMemo : public TOrlCustomMemo {
+public:
+  explicit TOrlMemo(IMemoWindow* window = nullptr, std::u16string szDataFolder = u"");
+
+  void LinesChanged(bool bRedraw, bool bNew, bool SetCaret) override;
+
+  bool FDelErase = true, FAddToMRU = true, FShowLineChanges = true, FMonitorLogFileFollowTail = true,
+       FTabShouldExpandAbbreviations = true;
+  bool FUpdateAnnotationBar = false;
+  int FMaxBackupFiles = 3;
+  int FCodeExplorerView = -1, FInBrackets = -1, FClipStartLine = -1, FClipEndLine = -1, FClipTabIndex = -1;
+  TColor FBookmarkColor = RGB(200, 220, 255);
+  TColor FLineChangedColor = 0x00FFFF, FLineChangedSavedColor = 0x00FF00;
+  int Width = 350, Height = 250;
+};
+
+} // namespace orl
