@@ -27,7 +27,7 @@ test: build
 
 # The headless suites under AddressSanitizer and UndefinedBehaviorSanitizer,
 # and the thread tests of the engine under ThreadSanitizer.
-SAN_TESTS = platform_tests definition_tests textstore_tests syntax_tests workbench_tests tool_tests
+SAN_TESTS = platform_tests definition_tests textstore_tests syntax_tests workbench_tests tool_tests editing_tests
 test-sanitize: deps
 	@cmake -S . -B build-asan -DORL_SANITIZE=ON -DORL_BUILD_BENCH=OFF >/dev/null
 	@cmake --build build-asan -j $(JOBS) --target $(SAN_TESTS) gdtool stage_host

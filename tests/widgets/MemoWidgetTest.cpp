@@ -1,0 +1,95 @@
+// The memo in its Qt widget, on the offscreen platform: the widget measures
+// for the memo, runs its timers, shows its scroll bars and takes clicks.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QImage>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTimer>
+
+#include "widgets/MemoWidget.h"
+
+namespace orl {
+namespace {
+
+TEST(MemoWidget, MeasuresTheMemosFontWithTheToolkit) {
+  TOrlMemoWidget widget;
+  TOrlMemo& memo = widget.Memo();
+  const TCellSize cell = memo.CellSize();
+  EXPECT_GT(cell.W, 3);
+  EXPECT_GT(cell.H, cell.W);
+  // The memo's face maps to a fixed-pitch one, so rows take the multiplication path.
+  EXPECT_TRUE(memo.FMonospacedFont);
+  memo.SetText(u"abc\tdef");
+  const TMemoFont& font = memo.FMeasureFont;
+  EXPECT_EQ(widget.TextExtent(font, u"abcd"), 4 * widget.TextExtent(font, u"a"));
+  // Laid out with tab stops, each caret position maps back to itself.
+  for (int x = 1; x < 7; ++x) {
+    const int edge = memo.TextLength(0, x, false, false);
+    EXPECT_EQ(memo.CharXYFromPos(edge + 1, 1, false).x, x) << x;
+  }
+  EXPECT_EQ(widget.CharTrailingX(font, u"a\tb", 1, memo.FTabInt), memo.FTabInt);
+}
+
+TEST(MemoWidget, ScrollBarsFollowTheTextAndScrollTheView) {
+  TOrlMemoWidget widget;
+  widget.resize(400, 300);
+  TOrlMemo& memo = widget.Memo();
+  std::u16string text;
+  for (int i = 0; i < 200; ++i) text += u"line\r\n";
+  memo.SetText(text);
+  EXPECT_TRUE(widget.ScrollBarVisible(TScrollBarKind::sbVertical));
+  EXPECT_FALSE(widget.ScrollBarVisible(TScrollBarKind::sbHorizontal));
+  auto* bar = widget.findChildren<QScrollBar*>().front();
+  if (bar->orientation() != Qt::Vertical) bar = widget.findChildren<QScrollBar*>().back();
+  bar->setValue(50);
+  EXPECT_EQ(memo.FTopLine, 50);
+  // The memo's own setting of the bar does not scroll the view back.
+  widget.SetScrollInfo(TScrollBarKind::sbVertical, {0, 200, 10, 7});
+  EXPECT_EQ(memo.FTopLine, 50);
+}
+
+TEST(MemoWidget, TimersRunThroughTheEventLoop) {
+  TOrlMemoWidget widget;
+  widget.StartTimer(TMemoTimer::JSON, 5);
+  EXPECT_TRUE(widget.TimerRunning(TMemoTimer::JSON));
+  QEventLoop loop;
+  QTimer::singleShot(200, &loop, &QEventLoop::quit);
+  loop.exec();
+  EXPECT_TRUE(widget.Memo().FUpdateCodeExplorer);
+  EXPECT_FALSE(widget.TimerRunning(TMemoTimer::JSON));  // it stops itself
+}
+
+TEST(MemoWidget, AClickPlacesTheCaretAndTheClipboardRoundTrips) {
+  TOrlMemoWidget widget;
+  widget.resize(300, 200);
+  TOrlMemo& memo = widget.Memo();
+  memo.SetText(u"first\r\nsecond");
+  const TCellSize cell = memo.CellSize();
+  const TRect area = memo.EditorRect(true, 0);
+  const QPointF at(area.Left + 3 * cell.W + 1, area.Top + cell.H + 1);
+  QMouseEvent press(QEvent::MouseButtonPress, at, widget.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &press);
+  EXPECT_EQ(memo.CurY(), 1);
+  EXPECT_EQ(memo.CurX(), 3);
+
+  widget.SetClipboardText(u"\u00E9t\u00E9");
+  EXPECT_EQ(widget.ClipboardText(), u"\u00E9t\u00E9");
+
+  // The widget paints its background in the memo's colour.
+  const QImage shot = widget.grab().toImage();
+  EXPECT_EQ(shot.pixelColor(shot.width() / 2, shot.height() / 2), QColor(255, 255, 255));
+}
+
+} // namespace
+} // namespace orl
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,236 @@
+#include "widgets/MemoWidget.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTextLayout>
+#include <QTimer>
+
+#include <cmath>
+
+namespace orl {
+namespace {
+
+QString ToQString(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype(s.size())); }
+
+QColor ToQColor(TColor c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
+
+/// Lays `text` out on one line with tab stops every `tabWidth` pixels.
+class TOneLineLayout {
+public:
+  TOneLineLayout(const TMemoFont& font, std::u16string_view text, int tabWidth)
+      : FLayout(ToQString(text), TOrlMemoWidget::ToQFont(font)) {
+    QTextOption option;
+    if (tabWidth > 0) option.setTabStopDistance(tabWidth);
+    option.setWrapMode(QTextOption::NoWrap);
+    FLayout.setTextOption(option);
+    FLayout.beginLayout();
+    FLine = FLayout.createLine();
+    if (FLine.isValid()) FLine.setLineWidth(1e9);
+    FLayout.endLayout();
+  }
+  const QTextLine& Line() const { return FLine; }
+
+private:
+  QTextLayout FLayout;
+  QTextLine FLine;
+};
+
+} // namespace
+
+TOrlMemoWidget::TOrlMemoWidget(QWidget* parent, const QString& dataFolder) : QWidget(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setCursor(Qt::IBeamCursor);
+  FVertBar = new QScrollBar(Qt::Vertical, this);
+  FHorzBar = new QScrollBar(Qt::Horizontal, this);
+  FVertBar->hide();
+  FHorzBar->hide();
+  connect(FVertBar, &QScrollBar::valueChanged, this, &TOrlMemoWidget::VerticalScrolled);
+  connect(FHorzBar, &QScrollBar::valueChanged, this, &TOrlMemoWidget::HorizontalScrolled);
+  for (int i = 0; i < kMemoTimerCount; ++i) {
+    FTimers[size_t(i)] = new QTimer(this);
+    connect(FTimers[size_t(i)], &QTimer::timeout, this, [this, i] {
+      if (FClient) FClient->TimerFired(TMemoTimer(i));
+    });
+  }
+  FMemo = std::make_unique<TOrlMemo>(this, dataFolder.toStdU16String());
+}
+
+TOrlMemoWidget::~TOrlMemoWidget() {
+  for (QTimer* timer : FTimers) timer->stop();
+  FMemo.reset();
+}
+
+QFont TOrlMemoWidget::ToQFont(const TMemoFont& font) {
+  QFont f(QString::fromStdU16String(font.Name));
+  const QString name = f.family().toLower();
+  if (name.contains(u"courier") || name.contains(u"consolas") || name.contains(u"mono") || name.contains(u"terminal"))
+    f.setStyleHint(QFont::TypeWriter);
+  f.setPixelSize(std::max(std::abs(font.Height), 1));
+  // Whole-pixel advances keep a monospaced row on the memo's cell grid.
+  f.setHintingPreference(QFont::PreferFullHinting);
+  f.setBold(font.Style & fsBold);
+  f.setItalic(font.Style & fsItalic);
+  f.setUnderline(font.Style & fsUnderline);
+  return f;
+}
+
+TRect TOrlMemoWidget::ClientRect() const { return {0, 0, width(), height()}; }
+
+int TOrlMemoWidget::ScreenDPI() const { return std::max(logicalDpiY(), 1); }
+
+void TOrlMemoWidget::Invalidate(const TRect& r) { update(QRect(r.Left, r.Top, r.Width(), r.Height())); }
+
+void TOrlMemoWidget::SetScrollInfo(TScrollBarKind bar, const TScrollInfo& info) {
+  QScrollBar* scroll = Bar(bar);
+  FUpdatingBars = true;
+  scroll->setRange(info.Min, std::max(info.Min, info.Max - std::max(info.Page, 1) + 1));
+  scroll->setPageStep(std::max(info.Page, 1));
+  scroll->setValue(info.Pos);
+  FUpdatingBars = false;
+}
+
+void TOrlMemoWidget::ShowScrollBar(TScrollBarKind bar, bool bVisible) {
+  Bar(bar)->setVisible(bVisible);
+  PlaceScrollBars();
+}
+
+bool TOrlMemoWidget::ScrollBarVisible(TScrollBarKind bar) const { return !Bar(bar)->isHidden(); }
+
+int TOrlMemoWidget::ScrollBarExtent() const { return (17 * ScreenDPI() + 48) / 96; }
+
+void TOrlMemoWidget::PlaceScrollBars() {
+  const int extent = ScrollBarExtent();
+  const bool bVert = ScrollBarVisible(TScrollBarKind::sbVertical);
+  const bool bHorz = ScrollBarVisible(TScrollBarKind::sbHorizontal);
+  FVertBar->setGeometry(width() - extent, 0, extent, height() - (bHorz ? extent : 0));
+  FHorzBar->setGeometry(0, height() - extent, width() - (bVert ? extent : 0), extent);
+}
+
+void TOrlMemoWidget::CreateCaret(int width, int height) {
+  FCaret.setSize(QSize(width, height));
+  FCaretExists = true;
+  FCaretShown = false;
+}
+
+void TOrlMemoWidget::SetCaretPos(int x, int y) {
+  update(FCaret);
+  FCaret.moveTo(x, y);
+  update(FCaret);
+}
+
+void TOrlMemoWidget::ShowCaret(bool bShow) {
+  FCaretShown = bShow && FCaretExists;
+  update(FCaret);
+}
+
+void TOrlMemoWidget::DestroyCaret() {
+  FCaretExists = FCaretShown = false;
+  update(FCaret);
+}
+
+void TOrlMemoWidget::StartTimer(TMemoTimer timer, int intervalMs) { FTimers[size_t(timer)]->start(intervalMs); }
+void TOrlMemoWidget::StopTimer(TMemoTimer timer) { FTimers[size_t(timer)]->stop(); }
+bool TOrlMemoWidget::TimerRunning(TMemoTimer timer) const { return FTimers[size_t(timer)]->isActive(); }
+
+void TOrlMemoWidget::SetCursorShape(TCursorShape shape) {
+  switch (shape) {
+    case TCursorShape::crIBeam: setCursor(Qt::IBeamCursor); break;
+    case TCursorShape::crArrow: setCursor(Qt::ArrowCursor); break;
+    case TCursorShape::crHandPoint: setCursor(Qt::PointingHandCursor); break;
+    case TCursorShape::crDrag: setCursor(Qt::DragMoveCursor); break;
+    case TCursorShape::crSizeWE: setCursor(Qt::SizeHorCursor); break;
+  }
+}
+
+void TOrlMemoWidget::Beep() { QApplication::beep(); }
+int TOrlMemoWidget::DoubleClickTime() const { return QApplication::doubleClickInterval(); }
+
+std::u16string TOrlMemoWidget::ClipboardText() const { return QGuiApplication::clipboard()->text().toStdU16String(); }
+void TOrlMemoWidget::SetClipboardText(std::u16string_view text) { QGuiApplication::clipboard()->setText(ToQString(text)); }
+
+TTextMetrics TOrlMemoWidget::GetTextMetrics(const TMemoFont& font) {
+  const QFont f = ToQFont(font);
+  const QFontMetrics metrics(f);
+  TTextMetrics m;
+  m.Height = metrics.height();
+  m.Ascent = metrics.ascent();
+  m.InternalLeading = std::max(metrics.height() - f.pixelSize(), 0);
+  m.AveCharWidth = metrics.averageCharWidth();
+  m.PitchAndFamily = QFontInfo(f).fixedPitch() ? 0x30 : 0x31;
+  return m;
+}
+
+int TOrlMemoWidget::TextExtent(const TMemoFont& font, std::u16string_view text) {
+  return QFontMetrics(ToQFont(font)).horizontalAdvance(ToQString(text));
+}
+
+int TOrlMemoWidget::CharTrailingX(const TMemoFont& font, std::u16string_view text, int index, int tabWidth) {
+  const TOneLineLayout layout(font, text, tabWidth);
+  if (!layout.Line().isValid() || index < 0) return 0;
+  if (size_t(index) >= text.size()) return int(std::ceil(layout.Line().naturalTextWidth()));
+  return int(std::lround(layout.Line().cursorToX(index + 1)));
+}
+
+TCharHit TOrlMemoWidget::XToChar(const TMemoFont& font, std::u16string_view text, int x, int tabWidth) {
+  const TOneLineLayout layout(font, text, tabWidth);
+  if (!layout.Line().isValid() || x <= 0) return {0, 0};
+  // The nearest boundary already counts a character's right half as behind it.
+  return {layout.Line().xToCursor(x, QTextLine::CursorBetweenCharacters), 0};
+}
+
+void TOrlMemoWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(FMemo->FBkColor));
+  if (FCaretShown && hasFocus()) painter.fillRect(FCaret, Qt::black);
+}
+
+void TOrlMemoWidget::resizeEvent(QResizeEvent*) {
+  PlaceScrollBars();
+  FMemo->ResizeScrollBars(true, 0);
+}
+
+void TOrlMemoWidget::focusInEvent(QFocusEvent*) {
+  FMemo->DoEnter();
+  ShowCaret(true);
+}
+
+void TOrlMemoWidget::mousePressEvent(QMouseEvent* event) {
+  setFocus(Qt::MouseFocusReason);
+  const TFullPos pos = FMemo->PointToCharPos(event->position().toPoint().x(), event->position().toPoint().y());
+  FMemo->SetCurY(pos.Y);
+  FMemo->SetCurX(pos.x);
+  FMemo->ClearSelection(true);
+  const TCellSize cell = FMemo->CellSize();
+  const TRect area = FMemo->EditorRect(true, pos.Y);
+  SetCaretPos(area.Left + FMemo->TextLength(pos.Y, pos.x, false, false) - FMemo->FLeftCol * cell.W,
+              area.Top + FMemo->GetRowFromLine(pos.Y) * cell.H);
+  ShowCaret(true);
+}
+
+void TOrlMemoWidget::wheelEvent(QWheelEvent* event) {
+  const int steps = event->angleDelta().y() / 120;
+  FVertBar->setValue(FVertBar->value() - 3 * steps);
+}
+
+void TOrlMemoWidget::VerticalScrolled(int value) {
+  if (FUpdatingBars) return;
+  FMemo->FPrevTopLine = FMemo->FTopLine;
+  FMemo->FTopLine = FMemo->GetNextVisibleLine(0, value);
+  update();
+}
+
+void TOrlMemoWidget::HorizontalScrolled(int value) {
+  if (FUpdatingBars) return;
+  FMemo->FLastLeftCol = FMemo->FLeftCol;
+  FMemo->FLeftCol = value;
+  update();
+}
+
+} // namespace orl
