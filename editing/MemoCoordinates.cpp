@@ -171,4 +171,27 @@ int TOrlCustomMemo::GetRealLine(int line) {
   return std::max(real, 0);
 }
 
+bool TOrlCustomMemo::RowsAreWrapped() const { return (FWordWrap || FForceWrap) && !FHardWrapAtRightMargin; }
+
+void TOrlCustomMemo::GetUnwrappedPos(int& cx, int& cy) {
+  if (FBinaryMode) {
+    for (; cx > 79; cx -= 80) ++cy;
+  }
+  if (!RowsAreWrapped()) return;
+  TOrlMemoStrings& lines = InternalLines();
+  for (int row = GetWrapStartLine(cy); row < cy; ++row) cx += lines.GetLineLength(row);
+  cy = GetRealLine(cy);
+}
+
+void TOrlCustomMemo::GetWrappedPos(int& cx, int& cy) {
+  if (!RowsAreWrapped()) return;
+  TOrlMemoStrings& lines = InternalLines();
+  int row = lines.GetWrapIndex(cy);
+  while (row + 1 < lines.Count() && cx > lines.GetLineLength(row) && lines.IsLineWrapped(row + 1)) {
+    cx -= lines.GetLineLength(row);
+    ++row;
+  }
+  cy = row;
+}
+
 } // namespace orl

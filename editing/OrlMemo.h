@@ -146,6 +146,10 @@ public:
   int GetVisibleLines(int nFrom, int nTo) override;
   int GetRealLine(int line);
   int GetWrapStartLine(int line);
+  /// Row coordinates to real-line coordinates, in place.
+  void GetUnwrappedPos(int& cx, int& cy);
+  /// Real-line coordinates to row coordinates, in place.
+  void GetWrappedPos(int& cx, int& cy);
   bool IsLineHidden(int line) { return InternalLines().GetHiddenLine(line); }
 
   // Words.
@@ -367,6 +371,8 @@ protected:
 
 private:
   void HookStore(TOrlMemoStrings& store);
+  /// Rows are pieces of longer lines: soft wrap is on.
+  bool RowsAreWrapped() const;
   void ApplyForceWrap();
   /// The row with control characters substituted, padded with blanks to `upTo`, in FBuffer.
   std::u16string_view PaddedRow(std::u16string_view row, int upTo);

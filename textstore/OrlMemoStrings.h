@@ -254,6 +254,15 @@ public:
   /// row and its length less 1.
   void GetXYFromCharPos(int64_t pos, int& x, int& y, bool bStartFromXY, int64_t nStartPos) const;
 
+  // Writing out, in the coding the fields name: FSaveUnicode, FSaveBigUnicode,
+  // FSaveUTF, else FCodePage (the low bytes in binary and ASCII mode).
+
+  /// The whole text as one piece, with a mark when FUseBOM; FCurrentStreamPos
+  /// is the stream's size afterwards.
+  void SaveToStream(TMemoryStream& Stream) override;
+  /// The same written row by row, so that a large text is never held twice.
+  void SaveTextToStream(TMemoryStream& Stream);
+
   // Reads of the background thread, each under the lock.
 
   TSharedWideString GetLineStringFromThread(int index) const;
@@ -379,6 +388,8 @@ private:
 
   // Reads.
   /// The painted row into s; bOneSign shows every ending by the same sign.
+  /// Writes the enabled rows with their endings, encoding every `chunk` characters or more.
+  void WriteRows(TMemoryStream& Stream, size_t chunk);
   int VisualInto(std::u16string& s, int Index, bool bShowLinebreaks, bool bShowSpaces, bool bTabExpanded,
                  bool bSubCtrl, bool bOneSign);
   void AppendRange(std::u16string* out, size_t& length, int starty, int endy, int startx, int endx,

@@ -209,12 +209,51 @@ TEST_F(MemoCoordinates, WordCharacters) {
   EXPECT_TRUE(memo.IsSymbolBoundary(u'('));
   EXPECT_TRUE(memo.IsSymbolBoundary(u'\u00B7'));
   EXPECT_FALSE(memo.IsSymbolBoundary(u'_'));
-  memo.FUserDelimiters = u"_";
+  memo.FUserDelimiters.push_back(u'_');
   EXPECT_TRUE(memo.IsSymbolBoundary(u'_'));
   EXPECT_TRUE(TOrlCustomMemo::CharIsWhiteSpace(u'\u2003', false));
   EXPECT_FALSE(TOrlCustomMemo::CharIsWhiteSpace(u'\t', false));
   EXPECT_TRUE(TOrlCustomMemo::CharIsWhiteSpace(u'\t', true));
   EXPECT_FALSE(TOrlCustomMemo::CharIsWhiteSpace(u'x', true));
+}
+
+} // namespace
+} // namespace orl
+
+namespace orl {
+namespace {
+
+TEST_F(MemoCoordinates, WrappedAndRealPositionsConvertBothWays) {
+  memo.SetText(u"zero");
+  memo.Lines().AddWrapped(u"cont");
+  memo.Lines().AddWrapped(u"more");
+  memo.Lines().Add(u"one");
+  int cx = 2, cy = 2;
+  memo.GetUnwrappedPos(cx, cy);  // nothing wraps yet: rows are lines
+  EXPECT_EQ((TFullPos{cx, cy}), (TFullPos{2, 2}));
+
+  memo.FWordWrap = true;
+  memo.GetUnwrappedPos(cx, cy);
+  EXPECT_EQ((TFullPos{cx, cy}), (TFullPos{10, 0}));
+  memo.GetWrappedPos(cx, cy);
+  EXPECT_EQ((TFullPos{cx, cy}), (TFullPos{2, 2}));
+  cx = 1;
+  cy = 1;
+  memo.GetWrappedPos(cx, cy);
+  EXPECT_EQ((TFullPos{cx, cy}), (TFullPos{1, 3}));
+  // Every row position of the wrapped line comes back where it was.
+  for (int row = 0; row < 3; ++row)
+    for (int x = 1; x <= 4; ++x) {
+      int ux = x, uy = row;
+      memo.GetUnwrappedPos(ux, uy);
+      memo.GetWrappedPos(ux, uy);
+      EXPECT_EQ((TFullPos{ux, uy}), (TFullPos{x, row})) << row << ' ' << x;
+    }
+  memo.FHardWrapAtRightMargin = true;  // hard wrap makes rows real lines
+  cx = 3;
+  cy = 2;
+  memo.GetUnwrappedPos(cx, cy);
+  EXPECT_EQ((TFullPos{cx, cy}), (TFullPos{3, 2}));
 }
 
 } // namespace

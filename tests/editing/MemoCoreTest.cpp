@@ -206,3 +206,60 @@ TEST(MemoCore, DefinitionsComeAndGoAThousandTimesWithoutLeaks) {
 
 } // namespace
 } // namespace orl
+
+namespace orl {
+namespace {
+
+TEST(MemoCore, EveryBundledDefinitionLoadsIntoTheMemo) {
+  int loaded = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(HOST_DIR "/syntax")) {
+    if (entry.path().extension() != ".gdx") continue;
+    TOrlMemo memo;
+    TOrlSyntax syntax;
+    std::u16string asp;
+    const std::u16string name = entry.path().stem().u16string();
+    syntax.LoadStyleFromFile(&memo, entry.path().u16string(), name, 0, asp);
+    ASSERT_NE(memo.FStyles, nullptr) << entry.path();
+    EXPECT_EQ(memo.FStyles, memo.FStylesThread);
+    EXPECT_FALSE(memo.FStyles->FSyntaxName.empty());
+    EXPECT_TRUE(memo.Lines().ReadLineAttribute(0).IsAttribute());
+    ++loaded;
+  }
+  EXPECT_EQ(loaded, 10);
+}
+
+TEST(MemoCore, TheStoreWritesItsCodingWithEachLinesEnding) {
+  TOrlMemo memo;
+  TOrlMemoStrings& lines = memo.Lines();
+  lines.SetTextStr(u"a\u00E9\r\nb\nc");
+  auto saved = [&lines](bool bRowByRow) {
+    TMemoryStream stream;
+    if (bRowByRow) lines.SaveTextToStream(stream);
+    else lines.SaveToStream(stream);
+    return std::string(stream.Data().begin(), stream.Data().end());
+  };
+  lines.FSysTextType = sttUnix;
+  lines.FSaveUTF = true;
+  lines.FUseBOM = true;
+  EXPECT_EQ(saved(false), "\xEF\xBB\xBF" "a\xC3\xA9\nb\nc");
+  EXPECT_EQ(lines.FCurrentStreamPos, 10);
+  // A mixed document keeps every line's own ending.
+  lines.FSysTextType = sttMixedWindows;
+  lines.FUseBOM = false;
+  EXPECT_EQ(saved(true), "a\xC3\xA9\r\nb\nc");
+  EXPECT_EQ(saved(false), saved(true));
+  lines.FSaveUTF = false;
+  lines.FSaveBigUnicode = true;
+  lines.FSysTextType = sttMac;
+  EXPECT_EQ(saved(true), std::string("\0a\0\xE9\0\r\0b\0\r\0c", 12));
+  // Continuation rows and filler rows add no ending and no text.
+  lines.FSaveBigUnicode = false;
+  lines.FCodePage = 1252;
+  lines.AddWrapped(u"d");
+  lines.Add(u"filler");
+  lines.GetLineAttribute(lines.Count() - 1)->Enabled = false;
+  EXPECT_EQ(saved(true), "a\xE9\rb\rcd\r");
+}
+
+} // namespace
+} // namespace orl
