@@ -217,6 +217,7 @@ void TOrlCustomMemo::AssignSplitMemo(TOrlCustomMemo* ctrl, bool asSlave) {
 }
 
 void TOrlCustomMemo::DoEnter() {
+  if (OnFocused) OnFocused(*this, FSpellLanguage);
   FActiveSplitView = true;
   if (FSplitMemo) FSplitMemo->FActiveSplitView = false;
   if (!FSplitSlave || !FSplitMemo) return;

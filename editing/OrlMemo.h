@@ -38,6 +38,10 @@ enum TOffsetScrollMode : uint8_t { osmNone, osmAllow, osmNotAllow };
 enum TDocumentMapRedrawType : uint8_t { dmrNone, dmrAllow, dmrDocMapOnly, dmrRepaint, dmrUpdate, dmrForce };
 enum TProgressStage : uint8_t { psStarting, psRunning, psEnding };
 
+/// Modifier keys held during a mouse or key event.
+enum TShiftStateFlag : uint8_t { ssShift = 1, ssAlt = 2, ssCtrl = 4 };
+using TShiftState = uint8_t;
+
 /// Selector of VisibleCellCount.
 enum TVisibleCount : uint8_t { vcPageWidth, vcPageHeight, vcLastVisiblePos, vcLastVisibleLine };
 
@@ -185,7 +189,15 @@ public:
   void LinesAssigned() override;
 
   // Events.
-  std::function<void()> OnChange, OnCursorChange, OnStatusChange;
+  std::function<void()> OnChange, OnCursorChange, OnStatusChange, OnFind, OnReplace, OnAutoCompletion,
+      OnCanceltAutoCompletion, OnStartAutoCompletion;
+  std::function<void(TShiftState shift, int nLines)> OnMouseWheelDown, OnMouseWheelUp;
+  std::function<void(bool bSelection, bool bGutter, bool bFoldNode, bool bTextDiffButton)> OnMemoClickEvent;
+  std::function<void(TOrlCustomMemo& Memo, std::u16string& sSpellLanguage)> OnFocused;
+  std::function<void(const std::u16string& CurrentWord, std::u16string& NewWord)> OnWordComplete;
+  std::function<void(int x, int Y, const std::u16string& AValue, std::u16string& AHint, bool& Show)> OnHintForToken,
+      OnHintForWord;
+  std::function<void(const std::u16string& SearchString, bool Active)> OnIncrementalChange;
   std::function<void(bool bMultiSelectionChange)> OnSelectionChange;
   std::function<void(bool Value)> OnColumnModeChange;
   std::function<void(bool CanUndo, bool CanRedo)> OnUndoChange;
@@ -360,6 +372,8 @@ public:
   std::u16string FS, FST, FWT, FSD, FCW, FWB, FWC, FSUC, FFindBuf, FSW, FBuffer;
 
   std::u16string FDataFolder;
+  /// The spelling language the host names when the memo gets the focus.
+  std::u16string FSpellLanguage;
 
   static constexpr TColor RGB(int r, int g, int b) { return TColor(r | (g << 8) | (b << 16)); }
 
