@@ -36,6 +36,7 @@ TOrlCustomMemo::TOrlCustomMemo(IMemoWindow* window, std::u16string szDataFolder)
   FLines = std::make_unique<TOrlMemoStrings>(this);
   FLines->DoAdd(u"");
   HookStore(*FLines);
+  FTokeniser = std::make_unique<TLineTokeniser>(*FLines, *this, *this);
   Html = std::make_unique<TOrlMemoStrings>();
   FUndoList = std::make_unique<TOrlUndoList>(this);
   FAutoCompletion = std::make_unique<TAutoCompletion>();
@@ -84,6 +85,7 @@ TOrlUndoList& TOrlCustomMemo::InternalUndoList() {
 
 void TOrlCustomMemo::SetText(std::u16string_view text) {
   InternalLines().SetTextStr(text);
+  ClearLineStylesFrom(0);
   LinesChanged(true, true, true);
 }
 
@@ -267,6 +269,7 @@ void TOrlCustomMemo::StylesChanged() {
   TOrlMemoStrings& lines = Lines();
   const bool bNeedFull = FStyles != nullptr;
   if (lines.Count() > 0 && lines.ReadLineAttribute(0).IsAttribute() != bNeedFull) lines.ConvertAttributes();
+  ClearLineStylesFrom(0);
   FDoThreadInvalidate = true;
   Invalidate();
 }
@@ -282,6 +285,7 @@ void TOrlCustomMemo::SetBookmarkListValue(int number, int row) {
 void TOrlCustomMemo::LinesAssigned() {
   FLetRefresh = true;
   LinesChanged(true, true, true);
+  RescanLineStyles();
   Invalidate();
 }
 

@@ -13,6 +13,7 @@
 // visual column (tabs expanded to multiples of FTabSize) and pixel.
 
 #include <array>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -24,6 +25,7 @@
 #include "editing/MemoOwnedParts.h"
 #include "editing/MemoWindow.h"
 #include "syntax/CharStyle.h"
+#include "syntax/LineTokeniser.h"
 #include "syntax/MemoStyleSlots.h"
 #include "textstore/FullPos.h"
 #include "textstore/MemoStringsOwner.h"
@@ -54,7 +56,10 @@ struct TOrderedSelection {
 /// the columns, so that the result is a rectangle.
 TOrderedSelection OrderSelection(int StartX, int StartY, int EndX, int EndY, bool bColumn);
 
-class TOrlCustomMemo : public TOrlMemoStyleSlots, public IMemoStringsOwner, public IMemoWindowClient {
+class TOrlCustomMemo : public TOrlMemoStyleSlots,
+                       public IMemoStringsOwner,
+                       public IMemoWindowClient,
+                       public ITokeniserHost {
 public:
   /// `window` may be null: the memo then lives in a headless window of its
   /// own. `szDataFolder` is where macros and icons are looked for.
@@ -160,6 +165,34 @@ public:
   bool IsSymbolBoundary(char16_t ch) const;
   static bool CharIsWhiteSpace(char16_t ch, bool bIncludeTab);
 
+  // Line states: the scan state at each line's end, kept in the store.
+  /// The tokeniser over the store this memo works on.
+  TLineTokeniser& Tokeniser();
+  TStyle GetUpStyle(int stopat, bool bFolding) { return Tokeniser().GetUpStyle(stopat, bFolding); }
+  bool GetUpLineStyle(int LineNo, int Start, int Stop, TStyle& Style, bool bCheckFolding) {
+    return Tokeniser().GetUpLineStyle(LineNo, Start, Stop, Style, bCheckFolding);
+  }
+  TStyle GetLineStyle(int index, bool& bCashed) { return Tokeniser().GetLineStyle(index, bCashed); }
+  void SetLineStyle(int index, TStyle& LineStyle) { Tokeniser().SetLineStyle(index, LineStyle); }
+  void ClearLineStylesFrom(int index) { Tokeniser().ClearLineStylesFrom(index); }
+  /// Brings every line's state up to date from the top, storing each.
+  void RescanLineStyles();
+
+  // What a scan asks of its memo.
+  bool Closing() const override { return FClosing; }
+  bool HaltBkThread() const override { return FHaltBkThread; }
+  bool CanScan() const override { return FCellSize.H > 0 && !FSuspendPainting && !FHexView; }
+  bool RegionNodes() const override { return FRegionNodes; }
+  bool WrapOn() const override { return FWordWrap || FForceWrap; }
+  bool Update() const override { return FUpdate; }
+  bool AllowURLClick() const override { return UrlAware; }
+  bool AllowSyntaxInStrings() const override { return FAllowSyntaxInStrings; }
+  bool IsDefault() const override { return FisDefault; }
+  void ResetFoldWordPair() override { FTwoWords = false; }
+  void DebugWrite(const std::u16string& ws, bool bHeading) override {
+    if (OnDebugWrite) OnDebugWrite(ws, bHeading);
+  }
+
   // Redraw.
   void Invalidate();
   void InvalidateLine(int line);
@@ -250,6 +283,7 @@ public:
 
   // Owned objects.
   std::unique_ptr<TOrlMemoStrings> FLines;
+  std::unique_ptr<TLineTokeniser> FTokeniser;
   std::unique_ptr<TOrlMemoStrings> Html;
   std::unique_ptr<TOrlUndoList> FUndoList;
   std::unique_ptr<TOrlUndoList> FDiffModeUndoList;
@@ -315,17 +349,21 @@ public:
        FEncloseSelectionWithParenthesis = true, FEncloseSelectionWithQuotes = true, FAllowTextDiffEvent = true,
        FletgetCaretTime = true;
   // Options that start off.
-  bool FAllowNodes = false, FCaseSensitive = false, FOverwrite = false, FReadOnly = false, FWordWrap = false,
+  // CaseSensitive and UrlAware are the style slots' own.
+  bool FAllowNodes = false, FOverwrite = false, FReadOnly = false, FWordWrap = false,
        FForceWrap = false, FWrapAtRightMargin = false, FHardWrapAtRightMargin = false,
        FWrapAtComplexBreakpoints = false, FHexView = false, FBinaryMode = false, FTextDiffMode = false,
-       FShowDocumentMap = false, FShowTabs = false, FShowCRLF = false, FUrlAware = false, FLineNumbers = false,
+       FShowDocumentMap = false, FShowTabs = false, FShowCRLF = false, FLineNumbers = false,
        FKeepTrailing = false, FPasteDoNotMoveCursor = false, FUseRTL = false, FSystemSelectionColors = false,
        FHomeKeyToLineStart = false, FAutoHideHorzScrollBar = false, FAutoHideVertScrollBar = false,
        FNotepadCursor = false, FIsASCII = false, FHexTextAsAscii = false, FHandleCSV = false, FHasTabs = false,
        FSyncEdit = false, FNoUpdate = false, FUpdate = false, FSuspendPainting = false, FClosing = false,
-       FHaltBkThread = false, FDoThreadInvalidate = false, FUpdateClones = false, FNewAtStartup = true,
+       FDoThreadInvalidate = false, FUpdateClones = false, FNewAtStartup = true,
        FModifiedAndSaved = false, FResetUndoBuffer = false, FOldReadOnly = false, FNoResize = false,
-       FHasLoaded = true, FRecordMacro = false, FUpdateCodeExplorer = false;
+       FHasLoaded = true, FRecordMacro = false, FUpdateCodeExplorer = false, FAllowSyntaxInStrings = false,
+       FisDefault = false, FTwoWords = false;
+  /// Read by the background thread's scans between their steps.
+  std::atomic<bool> FHaltBkThread = false;
 
   // Numbers.
   int FForcewrapLength = 4096;

@@ -71,7 +71,9 @@ std::unique_ptr<TRegexPattern> TRegexPattern::Compile(std::u16string_view patter
   floating->Code = CompileCode(pattern, options, error);
   if (!floating->Code) return nullptr;
   auto anchored = std::make_unique<TCode>();
-  anchored->Code = CompileCode(pattern, options | PCRE2_ANCHORED, error);
+  // Without start optimisations: they search the rest of the subject for a
+  // required character on every call, which a match at one position never needs.
+  anchored->Code = CompileCode(pattern, options | PCRE2_ANCHORED | PCRE2_NO_START_OPTIMIZE, error);
   if (!anchored->Code) return nullptr;
   return std::unique_ptr<TRegexPattern>(
       new TRegexPattern(std::u16string(pattern), std::move(floating), std::move(anchored)));

@@ -21,4 +21,10 @@ void TStyle::Clear(bool bFolding) {
   RegionStyles.clear();
 }
 
+bool TStyle::operator==(const TStyle& other) const {
+  return FBooleanArray == other.FBooleanArray && NodeSection == other.NodeSection &&
+         Properties == other.Properties && Block == other.Block && NodeStyles == other.NodeStyles &&
+         RegionStyles == other.RegionStyles;
+}
+
 } // namespace orl

@@ -15,7 +15,25 @@ namespace orl {
 
 enum TScriptType : uint8_t { scNone, scASP, scPHP, scJS, scVB, scCSS, scCF, scHtml, scSVG };
 
+/// Bits of TStyle::FBooleanArray.
+enum TStyleFlag : uint8_t { sfCached, sfScriptNodeStart, sfScriptNodeEnd };
+
+/// Bits of TStyleProperties::FBooleanArray.
+enum TStylePropertyFlag : uint8_t {
+  spStringClosed, spStringOpened, spInComment, spIsSymbol, spIsHexNumber, spInTag, spIsKeyword, spInLineComment,
+  spStringOnLine, spIsNumber, spInScript, spIsTagWord, spLineIsUrl, spVerbatimString, spSavedInTag
+};
+
+namespace detail {
+inline void SetFlagBit(uint16_t& word, unsigned bit, bool value) {
+  word = value ? uint16_t(word | (1u << bit)) : uint16_t(word & ~(1u << bit));
+}
+} // namespace detail
+
 struct TStyleProperties {
+  bool Get(TStylePropertyFlag flag) const { return (FBooleanArray >> flag) & 1u; }
+  void Set(TStylePropertyFlag flag, bool value) { detail::SetFlagBit(FBooleanArray, flag, value); }
+
   uint16_t FBooleanArray = 0;
   TScriptType ScriptType = scNone;
   TScriptType ScriptTypeOld = scNone;
@@ -70,6 +88,9 @@ struct TRegionStyle {
 
 /// Default-constructed, the record is in its cleared state.
 struct TStyle {
+  bool Get(TStyleFlag flag) const { return (FBooleanArray >> flag) & 1u; }
+  void Set(TStyleFlag flag, bool value) { detail::SetFlagBit(FBooleanArray, flag, value); }
+
   uint16_t FBooleanArray = 0;
   int NodeSection = -1;
   TStyleProperties Properties;
@@ -81,7 +102,12 @@ struct TStyle {
   /// bFolding also empties the stacks of open folds and regions. Members not
   /// named here keep their values.
   void Clear(bool bFolding);
-  bool operator==(const TStyle&) const = default;
+  /// The state only: the store's stamp below takes no part.
+  bool operator==(const TStyle& other) const;
+
+  /// When the store took the record; with the store's invalidations it says
+  /// whether Cached still holds (see TOrlMemoStrings::LineStyleValid).
+  uint64_t Generation = 0;
 };
 
 } // namespace orl

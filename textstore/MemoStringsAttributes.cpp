@@ -15,6 +15,9 @@ namespace {
 // scan; beyond this many distinct fresh states a row simply gets its own.
 constexpr size_t kMaxFreshStates = 16;
 
+// Beyond this many pending invalidations they are written into the rows.
+constexpr size_t kMaxStyleInvalidations = 4096;
+
 // Everything of `fresh` into `a`, in place, so that pointers to `a` stay good.
 void ResetToFresh(TTextAttribute& a, const TTextAttribute& fresh) {
   SetLineAttribute(a, fresh);
@@ -114,7 +117,51 @@ void TOrlMemoStrings::SetLineAttribute(int Index, const TTextAttribute& Value) {
 
 void TOrlMemoStrings::SetLineStyle(int Index, const TStyle& Value) {
   std::lock_guard lock(FLock);
-  if (TTextAttribute* row = ValidIndex(Index) ? OwnAttribute(Index) : nullptr) row->SetStyle(Value);
+  TTextAttribute* row = ValidIndex(Index) ? OwnAttribute(Index) : nullptr;
+  if (!row) return;
+  TStyle stamped = Value;
+  stamped.Generation = FStyleGeneration;
+  row->SetStyle(std::move(stamped));
+}
+
+void TOrlMemoStrings::ClearLineStylesFrom(int index) {
+  std::lock_guard lock(FLock);
+  const int from = std::max(index, 0);
+  while (!FStyleInvalidations.empty() && FStyleInvalidations.back().From >= from) FStyleInvalidations.pop_back();
+  FStyleInvalidations.push_back({++FStyleGeneration, from});
+  // Only edits that go further down each time make the list grow; folding it
+  // now and then keeps lookups short at a cost of one pass per many edits.
+  if (FStyleInvalidations.size() > kMaxStyleInvalidations) FoldStyleInvalidations();
+}
+
+bool TOrlMemoStrings::StampStillValid(uint64_t stamp, int Index) const {
+  const auto newer = std::ranges::upper_bound(FStyleInvalidations, stamp, {}, &TStyleInvalidation::Generation);
+  return newer == FStyleInvalidations.end() || Index < newer->From;
+}
+
+bool TOrlMemoStrings::LineStyleValid(int Index) const {
+  std::lock_guard lock(FLock);
+  if (!ValidIndex(Index)) return false;
+  const TStyle& style = ReadLineAttribute(Index).Style();
+  return style.Get(sfCached) && StampStillValid(style.Generation, Index);
+}
+
+TStyle TOrlMemoStrings::ReadLineStyle(int Index) const {
+  std::lock_guard lock(FLock);
+  TStyle style = ReadLineAttribute(Index).Style();
+  if (style.Get(sfCached) && !StampStillValid(style.Generation, Index)) style.Set(sfCached, false);
+  return style;
+}
+
+void TOrlMemoStrings::FoldStyleInvalidations() {
+  for (int i = FStyleInvalidations.front().From; i < GetCount(); ++i) {
+    const TStyle& style = ReadLineAttribute(i).Style();
+    if (!style.Get(sfCached) || StampStillValid(style.Generation, i)) continue;
+    TStyle cleared = style;
+    cleared.Set(sfCached, false);
+    OwnAttribute(i)->SetStyle(std::move(cleared));
+  }
+  FStyleInvalidations.clear();
 }
 
 void TOrlMemoStrings::SetHiddenLine(int index, bool value) {

@@ -209,8 +209,21 @@ public:
   TAttributePtr GetLineAttributeObject(int Index) const;
   /// Writes Value into the row's attribute as the attribute rules say; under the lock.
   void SetLineAttribute(int Index, const TTextAttribute& Value);
-  /// Writes the row's scan state; under the lock.
+  /// Writes the row's scan state, stamped with the current generation; under the lock.
   void SetLineStyle(int Index, const TStyle& Value);
+
+  // The scan-state cache. A record with Cached set holds for its row until
+  // ClearLineStylesFrom reaches the row; an invalidation is one entry here
+  // instead of a write into every following row.
+
+  /// Every record from row `index` on (below 0: 0) stops being valid.
+  void ClearLineStylesFrom(int index);
+  /// Whether the row's record has Cached set and no later invalidation reached it.
+  bool LineStyleValid(int Index) const;
+  /// A copy of the row's record with Cached as LineStyleValid says; under the lock.
+  TStyle ReadLineStyle(int Index) const;
+  /// Invalidations the store holds; old ones fold into the rows' records.
+  size_t PendingStyleInvalidations() const { return FStyleInvalidations.size(); }
   /// Swaps the class of every row's attribute (see ConvertAttribute).
   void ConvertAttributes();
 
@@ -406,6 +419,19 @@ private:
   size_t FLastFresh = 0;  // the entry found last: rows in a row mostly share one
   TWideStringArena* FBulkArena = nullptr;
   std::vector<int> FPieces;  // scratch of the quick family's layouts
+
+  /// One ClearLineStylesFrom: records stamped before Generation are invalid from row From on.
+  struct TStyleInvalidation {
+    uint64_t Generation;
+    int From;
+  };
+  bool StampStillValid(uint64_t stamp, int Index) const;
+  /// Writes what the invalidations say into the rows' Cached bits and forgets them.
+  void FoldStyleInvalidations();
+  uint64_t FStyleGeneration = 0;
+  // Generations and rows both rise from bottom to top: an invalidation from a
+  // row covers every older one from that row or below it.
+  std::vector<TStyleInvalidation> FStyleInvalidations;
 };
 
 } // namespace orl

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "BundledDefinitions.h"
 #include "editing/HeadlessWindow.h"
 #include "editing/OrlMemo.h"
 #include "syntax/OrlSyntax.h"
@@ -212,14 +213,12 @@ namespace {
 
 TEST(MemoCore, EveryBundledDefinitionLoadsIntoTheMemo) {
   int loaded = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(HOST_DIR "/syntax")) {
-    if (entry.path().extension() != ".gdx") continue;
+  for (const std::filesystem::path& gdx : test::BundledDefinitions(HOST_DIR)) {
     TOrlMemo memo;
     TOrlSyntax syntax;
     std::u16string asp;
-    const std::u16string name = entry.path().stem().u16string();
-    syntax.LoadStyleFromFile(&memo, entry.path().u16string(), name, 0, asp);
-    ASSERT_NE(memo.FStyles, nullptr) << entry.path();
+    syntax.LoadStyleFromFile(&memo, gdx.u16string(), gdx.stem().u16string(), 0, asp);
+    ASSERT_NE(memo.FStyles, nullptr) << gdx;
     EXPECT_EQ(memo.FStyles, memo.FStylesThread);
     EXPECT_FALSE(memo.FStyles->FSyntaxName.empty());
     EXPECT_TRUE(memo.Lines().ReadLineAttribute(0).IsAttribute());
@@ -259,6 +258,40 @@ TEST(MemoCore, TheStoreWritesItsCodingWithEachLinesEnding) {
   lines.Add(u"filler");
   lines.GetLineAttribute(lines.Count() - 1)->Enabled = false;
   EXPECT_EQ(saved(true), "a\xE9\rb\rcd\r");
+}
+
+} // namespace
+} // namespace orl
+
+namespace orl {
+namespace {
+
+TEST(MemoCore, LineStatesComeFromTheDefinitionAndAreDroppedByAnEdit) {
+  TOrlMemo memo;
+  memo.SetText(u"int a; /* one\r\ntwo\r\nthree */ int b;\r\nint c;");
+  TStyle style = memo.GetUpStyle(1, false);
+  EXPECT_EQ(style.Properties.CommentStyle, 0);  // no definition: no state
+
+  TOrlSyntax syntax;
+  std::u16string asp;
+  syntax.LoadStyleFromFile(&memo, std::filesystem::path(HOST_DIR "/syntax/C++.gdx").u16string(), u"C++", 0, asp);
+  style = memo.GetUpStyle(1, false);
+  EXPECT_EQ(style.Properties.CommentStyle, 1);  // line 1 ends inside the block comment
+  EXPECT_EQ(memo.GetUpStyle(2, false).Properties.CommentStyle, 0);
+
+  memo.RescanLineStyles();
+  bool bCached = false;
+  memo.GetLineStyle(3, bCached);
+  EXPECT_TRUE(bCached);
+  // An edit drops every state from its line on, and nothing above it.
+  memo.Lines().SetLineString(1, u"two */");
+  memo.ClearLineStylesFrom(1);
+  memo.GetLineStyle(3, bCached);
+  EXPECT_FALSE(bCached);
+  memo.GetLineStyle(0, bCached);
+  EXPECT_TRUE(bCached);
+  EXPECT_EQ(memo.GetUpStyle(1, false).Properties.CommentStyle, 0);
+  EXPECT_EQ(memo.GetUpStyle(2, false).Properties.CommentStyle, 0);
 }
 
 } // namespace

@@ -3,7 +3,9 @@
 #include <sys/wait.h>
 
 #include <cstdio>
+#include <map>
 
+#include "BundledDefinitions.h"
 #include "TempFolder.h"
 #include "platform/CodePages.h"
 
@@ -29,13 +31,7 @@ TRun Gdtool(const std::string& args) {
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
 }
 
-std::vector<fs::path> BundledDefinitions() {
-  std::vector<fs::path> files;
-  for (const auto& entry : fs::directory_iterator(fs::path(HOST_DIR) / "syntax"))
-    if (entry.path().extension() == ".gdx") files.push_back(entry.path());
-  std::sort(files.begin(), files.end());
-  return files;
-}
+std::vector<fs::path> BundledDefinitions() { return orl::test::BundledDefinitions(HOST_DIR); }
 
 } // namespace
 
@@ -177,4 +173,48 @@ TEST(Gdtool, StylesShowWhatTheEngineMakesOfADefinition) {
   EXPECT_NE(bad.Output.find("#Broken: regular expression (never matches)"), std::string::npos) << bad.Output;
   EXPECT_NE(bad.Output.find("problem: "), std::string::npos);
   EXPECT_EQ(Gdtool("styles " + Quoted((dir / "none.gdx").string())).Status, 2);
+}
+
+TEST(Gdtool, TokensOfEachBundledSampleMatchTheReviewedOutput) {
+  const std::map<std::string, std::string> definitionOf = {
+      {".cpp", "C++"}, {".css", "CSS"}, {".html", "HTML"}, {".ini", "INI"}, {".js", "JavaScript"},
+      {".php", "PHP"}, {".pas", "Pascal"}, {".py", "Python"}, {".sql", "SQL"}, {".xml", "XML"}};
+  const fs::path data = fs::path(TESTS_DATA_DIR) / "tokens";
+  for (const auto& [extension, definition] : definitionOf) {
+    const fs::path sample = data / ("sample" + extension);
+    const fs::path gdx = fs::path(HOST_DIR) / "syntax" / (definition + ".gdx");
+    const TRun run = Gdtool("tokens " + Quoted(sample.string()) + " --syntax " + Quoted(gdx.string()) + " --format json");
+    EXPECT_EQ(run.Status, 0) << run.Output;
+    EXPECT_EQ(run.Output, ReadBytes(fs::path(sample).concat(".json"))) << sample;
+  }
+}
+
+TEST(Gdtool, TokensReadsEveryTextCodingAndRejectsBadInput) {
+  orl::test::TTempFolder dir;
+  const std::string cpp = Quoted((fs::path(HOST_DIR) / "syntax" / "C++.gdx").string());
+  const std::u16string text = u"int x; // \u00e9\nreturn 0x1F;";
+  orl::test::WriteBytes(dir / "utf16.cpp", orl::EncodeUtf16LE(text, true));
+  orl::test::WriteBytes(dir / "utf8bom.cpp", "\xEF\xBB\xBF" + orl::Utf16ToUtf8(text));
+  orl::test::WriteBytes(dir / "utf8.cpp", orl::Utf16ToUtf8(text));
+  std::string first;
+  for (const char* name : {"utf16.cpp", "utf8bom.cpp", "utf8.cpp"}) {
+    const TRun run = Gdtool("tokens " + Quoted((dir / name).string()) + " --syntax " + cpp);
+    EXPECT_EQ(run.Status, 0) << run.Output;
+    if (first.empty()) first = run.Output;
+    EXPECT_EQ(run.Output, first) << name;
+  }
+  EXPECT_NE(first.find("comment '// \xC3\xA9'"), std::string::npos) << first;
+  EXPECT_NE(first.find("number '0x1F'"), std::string::npos) << first;
+
+  const std::string file = Quoted((dir / "utf8.cpp").string());
+  for (const std::string& args : {"tokens " + file, "tokens --syntax " + cpp, "tokens " + file + " --syntax " + cpp +
+                                      " --format xml", "tokens " + file + " " + file + " --syntax " + cpp}) {
+    const TRun run = Gdtool(args);
+    EXPECT_EQ(run.Status, 2) << args;
+    EXPECT_NE(run.Output.find("usage: gdtool tokens"), std::string::npos) << run.Output;
+  }
+  const TRun missing = Gdtool("tokens " + Quoted((dir / "none.cpp").string()) + " --syntax " + cpp);
+  EXPECT_EQ(missing.Status, 1);
+  EXPECT_EQ(std::count(missing.Output.begin(), missing.Output.end(), '\n'), 1) << missing.Output;
+  EXPECT_EQ(Gdtool("tokens " + file + " --syntax " + Quoted((dir / "none.gdx").string())).Status, 1);
 }

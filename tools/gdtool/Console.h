@@ -28,10 +28,12 @@ int RunCheck(const std::vector<std::string>& args, std::ostream& out, std::ostre
 int RunResave(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int RunConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int RunStyles(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunTokens(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 extern const char* const kCheckHelp;
 extern const char* const kResaveHelp;
 extern const char* const kConvertHelp;
 extern const char* const kStylesHelp;
+extern const char* const kTokensHelp;
 
 } // namespace gdtool

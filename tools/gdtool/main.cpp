@@ -18,6 +18,8 @@ const char* const kUsage =
     "  resave IN.gdx [OUT.gdx]    read a definition and write it as the workbench saves it\n"
     "  convert OLD...             convert older definitions to current pairs\n"
     "  styles FILE.gdx [--dark]   show the style set the editor engine makes of a definition\n"
+    "  tokens FILE --syntax DEF.gdx [--format text|json]\n"
+    "                             show how the editor engine colours a file, line by line\n"
     "  help [COMMAND]             show this text or a command's help\n"
     "\n"
     "Exit status: 0 fine, 1 problems found, 2 unusable input or arguments.\n";
@@ -27,6 +29,7 @@ int Help(const std::string& command) {
   else if (command == "resave") std::cout << gdtool::kResaveHelp;
   else if (command == "convert") std::cout << gdtool::kConvertHelp;
   else if (command == "styles") std::cout << gdtool::kStylesHelp;
+  else if (command == "tokens") std::cout << gdtool::kTokensHelp;
   else std::cout << kUsage;
   return gdtool::exOk;
 }
@@ -47,6 +50,7 @@ int main(int argc, char** argv) {
   if (command == "resave") return gdtool::RunResave(args, std::cout, std::cerr);
   if (command == "convert") return gdtool::RunConvert(args, std::cout, std::cerr);
   if (command == "styles") return gdtool::RunStyles(args, std::cout, std::cerr);
+  if (command == "tokens") return gdtool::RunTokens(args, std::cout, std::cerr);
   std::cerr << "gdtool: unknown command '" << command << "'\n\n" << kUsage;
   return gdtool::exUnusable;
 }
