@@ -16,6 +16,7 @@ constexpr int kMaxRunLength = 1024;
 constexpr int kBreakLookBack = 20;
 constexpr int kMaxKeywordLength = 50;
 constexpr int8_t kPlainSymbol = 2;
+constexpr int8_t kScriptMark = 3;
 constexpr int8_t kSymbolWordsA = 10;
 
 bool IsSpaceLike(char16_t c) { return IsBlank(c) || c == tok::kNoBreakSpace || c == tok::kMiddleDot; }
@@ -26,6 +27,12 @@ bool IsWordChar(char16_t c) {
 }
 
 bool IsAlphaNumeric(std::u16string_view s) { return std::ranges::all_of(s, IsWordChar); }
+
+/// ASCII-only comparison, for the fixed names a set or block is known by.
+bool SameName(std::u16string_view name, std::u16string_view lowerAscii) {
+  return name.size() == lowerAscii.size() &&
+         std::ranges::equal(name, lowerAscii, [](char16_t a, char16_t b) { return (a | 0x20) == b; });
+}
 
 // The run flags: what one run is, as against the state it stands in.
 constexpr TStylePropertyFlag kRunFlags[] = {spIsSymbol, spIsHexNumber, spIsKeyword, spIsNumber, spIsTagWord,
@@ -63,6 +70,10 @@ private:
   bool LineCommentStep();
   bool TagWord();
   bool TextBetweenTags();
+  /// The marks that open and close script in an ASP or PHP set of its own.
+  bool ScriptMark();
+  /// Under OnlyHighlightInBlock, a CSS block's declaration (":" to ";") holds no keywords.
+  bool InCssDeclaration() const;
   bool HereDoc();
   bool BlockStep();
   bool OpenBlock();
@@ -83,6 +94,8 @@ private:
   TStyle W;
   ITokenRunSink& Sink;
   bool bHtml, bXml, bKeywordCase;
+  bool bScriptMarks = SameName(S.FSyntaxName, u"asp") || SameName(S.FSyntaxName, u"php");
+  bool bInDeclaration = false;  // within a CSS block's ":" ... ";"
   int p = 1;
   TTokenRun FPending;  // the run being gathered
 };
@@ -172,7 +185,7 @@ void TColourPass::Run() {
       continue;
     }
     if (CommentStep() || LineCommentStep()) continue;
-    if (bHtml && (TagWord() || TextBetweenTags())) continue;
+    if (bHtml ? (TagWord() || TextBetweenTags()) : ScriptMark()) continue;
     if (HereDoc() || BlockStep()) continue;
     if (bXml && !bHtml && TextBetweenTags()) continue;
     if (!F(spInComment) && StringStep()) continue;
@@ -388,11 +401,27 @@ bool TColourPass::StringStep() {
   return false;
 }
 
+bool TColourPass::ScriptMark() {
+  if (!bScriptMarks) return false;
+  for (std::u16string_view mark : {u"<?php", u"<?=", u"<?", u"<%", u"%>", u"?>"}) {
+    if (!L.MatchAt(p, mark)) continue;
+    EmitRun(p + int(mark.size()), spIsSymbol, kScriptMark);
+    return true;
+  }
+  return false;
+}
+
+bool TColourPass::InCssDeclaration() const {
+  const TBlock* live = LiveBlock();
+  return S.FOnlyHighlightInBlock && bInDeclaration && live && SameName(live->Name, u"css");
+}
+
 bool TColourPass::SymbolStep() {
   const TBlock* live = LiveBlock();
   if ((S.FOnlyHighlightInBlock && !live) || (live && !live->HighlightSymbols)) return false;
   const char16_t c = L.At(p);
   if (!C.Symbols.Has(c)) return false;
+  if (S.FOnlyHighlightInBlock && SameName(live->Name, u"css") && (c == u':' || c == u';')) bInDeclaration = c == u':';
   const std::u16string* lists[] = {&S.FSymbolWordsA, &S.FSymbolWordsB, &S.FSymbolWordsC};
   for (int8_t k = 0; k < 3; ++k) {
     const std::u16string& list = *lists[k];
@@ -447,7 +476,7 @@ int TColourPass::WordLength() const {
 
 bool TColourPass::KeywordStep(int wordLength) {
   const TBlock* live = LiveBlock();
-  if (W.Block.Id == -2 || (live && (!live->HighlightKeywords || W.Block.Force))) return false;
+  if (W.Block.Id == -2 || (live && (!live->HighlightKeywords || W.Block.Force)) || InCssDeclaration()) return false;
   for (size_t g = 0; g < S.FKeyWords.size(); ++g) {
     const TKeyWord& group = *S.FKeyWords[g];
     int length = 0;

@@ -280,3 +280,24 @@ TEST(Tokeniser, SymbolBoundariesAndUrlRows) {
 
 } // namespace
 } // namespace orl
+
+namespace orl::test {
+namespace {
+
+TEST(Tokeniser, ScriptMarksOfAnAspOrPhpSetAndCssDeclarations) {
+  const std::u16string gdx = u"[Options]\nSymbols=;<>?%:{}\n\n[Keywords]\nKeywords=echo|color|\n";
+  TTokeniserDoc php(gdx, u"PHP");
+  EXPECT_EQ(php.Runs(u"<?php echo $a; ?>"), "symbol:<?php text:  keyword:echo text: $a symbol:; text:  symbol:?>");
+  TTokeniserDoc other(gdx, u"Lang");
+  EXPECT_EQ(other.Runs(u"<?php"), "symbol:<? text:php");
+
+  TTokeniserDoc css(u"[Options]\nSymbols=;:{}\nOnlyHighlightInBlock=1\n\n[Keywords]\nKeywords=color|red|\n\n"
+                    u"[Block]\n1_Name=css\n1_Start={\n1_End=}\n");
+  // Inside the block a property name is a keyword, a value after ":" is not, until ";".
+  EXPECT_EQ(css.Runs(u"{ color: red; color }"),
+            "block:{  keyword:color symbol:: block: red symbol:; block:  keyword:color block: }");
+  EXPECT_EQ(css.Runs(u"x: y"), "text:x: y");  // outside any block symbols are not highlighted
+}
+
+} // namespace
+} // namespace orl::test

@@ -35,10 +35,10 @@ public:
 class TTokeniserDoc {
 public:
   /// `gdx` holds the definition's sections, lines joined by "\n".
-  explicit TTokeniserDoc(std::u16string_view gdx) {
+  explicit TTokeniserDoc(std::u16string_view gdx, const std::u16string& name = u"Lang") {
     std::u16string asp;
     const auto path = WriteDefinitionFile(Folder, "Lang.gdx", gdx);
-    Syntax.LoadStyleFromFile(&Memo, U16(path), u"Lang", 0, asp);
+    Syntax.LoadStyleFromFile(&Memo, U16(path), name, 0, asp);
   }
 
   void SetText(const std::vector<std::u16string>& lines) {
