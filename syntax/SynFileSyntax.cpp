@@ -4,6 +4,7 @@
 #include <array>
 
 #include "definition/DefinitionFormat.h"
+#include "definition/IniValues.h"
 #include "syntax/OrlSyntax.h"
 
 namespace orl {
@@ -85,11 +86,6 @@ void AddSynFileGroup(TOrlCustomMemoStyles& styles, std::u16string name, TColor c
   styles.FKeyWords.push_back(std::move(group));
 }
 
-std::u16string Number(int n) {
-  const std::string text = std::to_string(n);
-  return std::u16string(text.begin(), text.end());
-}
-
 // The menu offers every section head and option name of the format.
 void WriteSynFileMenu(TCompanionIni& ini) {
   std::vector<std::u16string> entries{u"Document|?Document+3"};
@@ -99,7 +95,7 @@ void WriteSynFileMenu(TCompanionIni& ini) {
   }
   for (std::u16string_view name : kOptionNames)
     entries.push_back(std::u16string(name) + u"|" + std::u16string(name) + u" = \"\"+3");
-  for (size_t i = 0; i < entries.size(); ++i) ini.WriteString(sections::UserMenu, Number(int(i) + 1), entries[i]);
+  for (size_t i = 0; i < entries.size(); ++i) ini.WriteString(sections::UserMenu, IntToIniText(int(i) + 1), entries[i]);
 }
 
 } // namespace
