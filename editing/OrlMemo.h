@@ -418,7 +418,6 @@ public:
 protected:
   /// The undo list that edits go to: a split slave's is its master's.
   TOrlUndoList& InternalUndoList();
-  /// Runs `fn` on every timer the memo owns.
   void StopTimer(TMemoTimer timer) { FWindow->StopTimer(timer); }
 
 private:
@@ -430,8 +429,11 @@ private:
   std::u16string_view PaddedRow(std::u16string_view row, int upTo);
   /// The row laid out as the toolkit shapes it: the trailing edge of character CharX - 1.
   int MeasureComplex(std::u16string_view row, int CharX);
+  /// Shown rows from `from` up to `to` (exclusive), negative when `to` lies above.
   int ShownRowsBetween(int from, int to);
+  /// The line `count` shown rows away from `from`, clamped to the store.
   int StepShownLines(int from, int count);
+  /// No character above 255 and no tab: measured by multiplication, never analysed.
   bool RowIsPlainAnsi(std::u16string_view row) const;
   void AssignScratchBuffers();
   /// Applies the font to the measuring canvas and derives the cell.
