@@ -3,7 +3,7 @@ BUILD ?= build
 JOBS  ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build run check-definitions test test-sanitize bench clean
+.PHONY: all deps configure build run check-definitions test test-sanitize test-asan test-tsan ci-time bench clean
 
 all: build
 
@@ -26,17 +26,29 @@ test: build
 	@ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
 
 # The headless suites under AddressSanitizer and UndefinedBehaviorSanitizer,
-# and the thread tests of the engine under ThreadSanitizer.
-SAN_TESTS = platform_tests definition_tests textstore_tests syntax_tests workbench_tests tool_tests editing_tests
-test-sanitize: deps
-	@cmake -S . -B build-asan -DORL_SANITIZE=ON -DORL_BUILD_BENCH=OFF >/dev/null
-	@cmake --build build-asan -j $(JOBS) --target $(SAN_TESTS) gdtool stage_host
-	@for t in $(SAN_TESTS); do f=$$(find build-asan/tests -name $$t -type f); \
-	  ASAN_OPTIONS=detect_leaks=1 $$f --gtest_brief=1 || exit 1; done
-	@cmake -S . -B build-tsan -DORL_BUILD_BENCH=OFF -DCMAKE_CXX_FLAGS=-fsanitize=thread \
-	  -DCMAKE_EXE_LINKER_FLAGS=-fsanitize=thread >/dev/null
-	@cmake --build build-tsan -j $(JOBS) --target textstore_tests
-	@TSAN_OPTIONS=halt_on_error=1 build-tsan/tests/textstore/textstore_tests --gtest_filter='*Thread*' --gtest_brief=1
+# and the tests that run threads under ThreadSanitizer. Each configuration
+# builds its test programs and what they need, nothing else (see
+# cmake/Sanitizers.cmake and orl_add_test in tests/CMakeLists.txt).
+test-sanitize: test-asan test-tsan
+
+# $(1) build folder, $(2) the option that chooses the sanitizer, $(3) its run-time options.
+define sanitizer_tests
+	@cmake -S . -B $(1) -D$(2)=ON $(CMAKE_FLAGS) >/dev/null
+	@cmake --build $(1) -j $(JOBS) --target orl_test_programs
+	@$(3) ctest --test-dir $(1) --output-on-failure -j $(JOBS)
+endef
+
+test-asan: deps
+	$(call sanitizer_tests,build-asan,ORL_SANITIZE,ASAN_OPTIONS=detect_leaks=1)
+
+test-tsan: deps
+	$(call sanitizer_tests,build-tsan,ORL_SANITIZE_THREAD,TSAN_OPTIONS=halt_on_error=1)
+
+# Runs CI in a fresh clone of the committed tree and prints each stage's time;
+# `make ci-time CI_TIME=--cold` starts from an empty compiler cache.
+CI_TIME ?=
+ci-time:
+	@bash scripts/ci-time.sh $(CI_TIME)
 
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done

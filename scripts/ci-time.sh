@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Times CI as CI runs it: clones the committed tree into a new folder, runs
+# .ci/run there and prints the wall time of each stage. With --cold the run
+# gets an empty compiler cache of its own (the shared cache is not touched),
+# so the figures are those of a first run. The clone is removed afterwards
+# unless --keep is given.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+usage="usage: scripts/ci-time.sh [--cold] [--keep]"
+cold=0
+keep=0
+for arg in "$@"; do
+  case $arg in
+    --cold) cold=1 ;;
+    --keep) keep=1 ;;
+    *) echo "$usage" >&2; exit 2 ;;
+  esac
+done
+
+work=$(mktemp -d "${TMPDIR:-/tmp}/orl-ci-time.XXXXXX")
+[ "$keep" = 1 ] || trap 'rm -rf "$work"' EXIT
+[ "$cold" = 1 ] && export CCACHE_DIR="$work/ccache"
+
+git clone --quiet --no-hardlinks . "$work/clone"
+times="$work/stage-times"
+log="$work/ci.log"
+: >"$times"
+start=$SECONDS
+status=0
+ORL_CI_TIMES="$times" "$work/clone/.ci/run" >"$log" 2>&1 || status=$?
+total=$((SECONDS - start))
+
+tail -n 5 "$log"
+[ "$status" = 0 ] || { echo "CI failed (status $status); its output: $log"; keep=1; trap - EXIT; }
+echo
+echo "CI stages, $( [ "$cold" = 1 ] && echo cold || echo warm ) compiler cache, $(git rev-parse --short HEAD) in $work/clone:"
+while read -r name seconds; do
+  printf '  %-6s %4d:%02d\n' "$name" $((seconds / 60)) $((seconds % 60))
+done <"$times"
+printf '  %-6s %4d:%02d\n' total $((total / 60)) $((total % 60))
+exit "$status"
