@@ -2,6 +2,7 @@
 BUILD ?= build
 JOBS  ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
+MAKEFLAGS += --no-print-directory
 
 .PHONY: all deps configure build run check-definitions test test-sanitize test-asan test-tsan ci-time bench clean
 
