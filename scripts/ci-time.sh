@@ -35,8 +35,15 @@ tail -n 5 "$log"
 [ "$status" = 0 ] || { echo "CI failed (status $status); its output: $log"; keep=1; trap - EXIT; }
 echo
 echo "CI stages, $( [ "$cold" = 1 ] && echo cold || echo warm ) compiler cache, $(git rev-parse --short HEAD) in $work/clone:"
-while read -r name seconds; do
-  printf '  %-6s %4d:%02d\n' "$name" $((seconds / 60)) $((seconds % 60))
+# CPU time divided by the cores is what the stage would take alone on the
+# machine; the wall time grows with whatever else runs beside it.
+minutes() { printf '%d:%02d' $(($1 / 60)) $(($1 % 60)); }
+cores=$(nproc)
+cpu_total=0
+printf '  %-6s %8s %8s %14s\n' stage wall cpu "cpu/$cores cores"
+while read -r name wall cpu; do
+  printf '  %-6s %8s %8s %14s\n' "$name" "$(minutes "$wall")" "$(minutes "$cpu")" "$(minutes $((cpu / cores)))"
+  cpu_total=$((cpu_total + cpu))
 done <"$times"
-printf '  %-6s %4d:%02d\n' total $((total / 60)) $((total % 60))
+printf '  %-6s %8s %8s %14s\n' total "$(minutes "$total")" "$(minutes "$cpu_total")" "$(minutes $((cpu_total / cores)))"
 exit "$status"
