@@ -131,6 +131,7 @@ TEST(DefinitionTestFiles, MistakesInATestFileAreErrorsNotFailures) {
       {"alpha\n// <- string.Words\n", "2:4: error: class 'string' has no groups"},
       {"alpha\n// <-\n", "2:4: error: the assertion names no class"},
       {"alpha\n" + Carets(6, 1, "text") + "\n", "2:6: error: column 6 lies beyond the end of line 1, which has 5"},
+      {"alpha\n# <- keyword\n", " error: no assertions: write them as '// ^ CLASS' under a line"},
   };
   for (const auto& [text, error] : cases) {
     const TRun run = dir.Test("bad.t", text);

@@ -266,28 +266,44 @@ private:
   TTally& FTally;
 };
 
+std::vector<std::u16string> ReadLines(const fs::path& file) {
+  try {
+    return SplitLines(DecodeText(ReadFileBytes(file), 65001));
+  } catch (const EOrlError& e) {
+    throw ETestUnusable{e.what()};
+  }
+}
+
+TAssertionComment CommentOf(const TLoadedSyntax& syntax) {
+  const std::optional<TAssertionComment> comment = AssertionCommentOf(*syntax.Memo.FStyles);
+  if (!comment)
+    throw ETestUnusable{"the definition " + Out(syntax.Memo.FStyles->FFileName) +
+                        " has no comment syntax to write assertions in"};
+  return *comment;
+}
+
+/// A file written with the wrong comment mark would otherwise pass without testing anything.
+std::string NoAssertions(const TAssertionComment& comment) {
+  return "no assertions: write them as '" + Out(comment.Start) + " ^ CLASS" +
+         (comment.End.empty() ? "" : " " + Out(comment.End)) + "' under a line";
+}
+
+void ReportErrors(const fs::path& file, const std::vector<TFormatError>& errors, std::ostream& err, TTally& tally) {
+  for (const TFormatError& e : errors)
+    err << file.string() << ":" << e.Line + 1 << ":" << e.Column << ": error: " << e.Message << "\n";
+  ++tally.Unusable;
+}
+
 void RunFile(const fs::path& file, TDefinitionChooser& chooser, std::ostream& out, std::ostream& err,
              TTally& tally) {
   ++tally.Files;
   try {
-    std::vector<std::u16string> lines;
-    try {
-      lines = SplitLines(DecodeText(ReadFileBytes(file), 65001));
-    } catch (const EOrlError& e) {
-      throw ETestUnusable{e.what()};
-    }
+    const std::vector<std::u16string> lines = ReadLines(file);
     TLoadedSyntax& syntax = chooser.For(file, lines);
-    const std::optional<TAssertionComment> comment = AssertionCommentOf(*syntax.Memo.FStyles);
-    if (!comment)
-      throw ETestUnusable{"the definition " + Out(syntax.Memo.FStyles->FFileName) +
-                          " has no comment syntax to write assertions in"};
-    const TParsedTest parsed = ParseAssertions(lines, *comment, *syntax.Memo.FStyles);
-    for (const TFormatError& e : parsed.Errors)
-      err << file.string() << ":" << e.Line + 1 << ":" << e.Column << ": error: " << e.Message << "\n";
-    if (!parsed.Errors.empty()) {
-      ++tally.Unusable;
-      return;
-    }
+    const TAssertionComment comment = CommentOf(syntax);
+    const TParsedTest parsed = ParseAssertions(lines, comment, *syntax.Memo.FStyles);
+    if (!parsed.Errors.empty()) return ReportErrors(file, parsed.Errors, err, tally);
+    if (parsed.Assertions.empty()) throw ETestUnusable{NoAssertions(comment)};
     TFileRun(file, out, tally).Check(syntax, lines, parsed);
   } catch (const ETestUnusable& e) {
     err << file.string() << ": error: " << e.Message << "\n";
