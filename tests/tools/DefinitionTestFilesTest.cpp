@@ -35,7 +35,9 @@ public:
     orl::test::WriteBytes(FDir / name, text);
     return FDir / name;
   }
-  TRun Test(const std::string& name, const std::string& text) { return Gdtool("test " + Quoted(Write(name, text).string())); }
+  TRun Test(const std::string& name, const std::string& text) {
+    return Gdtool("test " + Quoted(Write(name, text).string()));
+  }
   const fs::path& Path() const { return FDir.Path(); }
 
 private:
@@ -57,7 +59,8 @@ TEST(DefinitionTestFiles, BundledDefinitionsPassTheirTestFiles) {
   const TRun run = Gdtool("test " + Quoted((fs::path(HOST_DIR) / "syntax" / "tests").string()));
   EXPECT_EQ(run.Status, 0) << run.Output;
   const size_t definitions = orl::test::BundledDefinitions(HOST_DIR).size();
-  EXPECT_TRUE(Holds(run.Output, std::to_string(definitions) + " test files, 0 with failures, 0 unusable")) << run.Output;
+  const std::string summary = std::to_string(definitions) + " test files, 0 with failures, 0 unusable";
+  EXPECT_TRUE(Holds(run.Output, summary)) << run.Output;
   EXPECT_TRUE(Holds(run.Output, " failed\n")) << run.Output;
 }
 
@@ -115,7 +118,8 @@ TEST(DefinitionTestFiles, ADefinitionWithoutLineCommentsTakesItsBlockComment) {
   EXPECT_EQ(pass.Status, 0) << pass.Output;
   const TRun open = dir.Test("open.b", "xxxxx alpha\n<!--  ^^^^^ keyword\n");
   EXPECT_EQ(open.Status, 2) << open.Output;
-  EXPECT_TRUE(Holds(open.Output, "open.b:2:7: error: the assertion's comment is not closed on its line")) << open.Output;
+  EXPECT_TRUE(Holds(open.Output, "open.b:2:7: error: the assertion's comment is not closed on its line"))
+      << open.Output;
 
   const TRun silent = dir.Test("none.s", "alpha\n// <- keyword\n");
   EXPECT_EQ(silent.Status, 2) << silent.Output;

@@ -93,6 +93,7 @@ public:
       try {
         it->second = LoadSyntax(gdx);
       } catch (const EOrlError& e) {
+        FLoaded.erase(it);  // so that every file it should test says why
         throw ETestUnusable{e.what()};
       }
     }
@@ -126,7 +127,8 @@ public:
 private:
   std::map<std::u16string, fs::path> IndexExtensions(const fs::path& folder) {
     std::vector<fs::path> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+    std::error_code ec;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, ec))
       if (entry.path().extension() == ".gdx") files.push_back(entry.path());
     std::sort(files.begin(), files.end());
     std::map<std::u16string, fs::path> index;
@@ -308,6 +310,9 @@ void RunFile(const fs::path& file, TDefinitionChooser& chooser, std::ostream& ou
   } catch (const ETestUnusable& e) {
     err << file.string() << ": error: " << e.Message << "\n";
     ++tally.Unusable;
+  } catch (const fs::filesystem_error& e) {
+    err << file.string() << ": error: " << e.what() << "\n";
+    ++tally.Unusable;
   }
 }
 
@@ -326,7 +331,8 @@ std::vector<fs::path> TestFiles(const std::vector<fs::path>& inputs, std::ostrea
       continue;
     }
     std::vector<fs::path> found;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(input, ec))
+    const auto options = fs::directory_options::skip_permission_denied;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(input, options, ec))
       if (entry.is_regular_file() && !entry.path().filename().string().starts_with("."))
         found.push_back(entry.path());
     std::sort(found.begin(), found.end());
