@@ -45,6 +45,11 @@ still the template` ; console.log(msg, undefined, Math.PI);
 //                                         ^^^ keyword.Constants
 //                                              ^^^^^^^ keyword.NodeJS
 //                                                      ^^^ string
+interface Shape {} setTimeout(parseInt("08", 10));
+// <- keyword.Reserved
+//                 ^^^^^^^^^^ keyword.Functions
+//                            ^^^^^^^^ keyword.Functions
+//                                           ^^ number
 IF (True) Await();
 // <- !keyword
 //  ^^^^ !keyword

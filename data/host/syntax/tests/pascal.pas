@@ -5,6 +5,9 @@ program Demo;
 // <- keyword.Reserved
 //      ^^^^ text
 { a brace comment } (* a paren
+// <- comment
+//  ^^^^^^^^^^^^^^^ comment
+//                  ^^^^^^^^^^ comment
    comment over lines *) var
 // <- comment
 //              ^^^^^^^^ comment
@@ -16,6 +19,14 @@ program Demo;
 //                       ^^^^^ number
 //                               ^^^ number
 //     ^ symbol
+  Text = '''
+    a multi-line string with { no comment }
+//  ^^^^^^^^^^^^ block.#MultiLineString
+//                           ^^^^^^^^^^^^^^ block.#MultiLineString
+    '''; Pi2 = 6.28;
+//  ^^^ block.#MultiLineString
+//     ^ symbol
+//             ^^^^ number
   IID: TGUID = ['{00000000-0000-0000-C000-000000000046}'];
 //             ^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^^ block.#GUID
 BEGIN
@@ -23,7 +34,7 @@ BEGIN
   WriteLn('it''s ', #13#10, Count, True, nil); // done
 //^^^^^^^ keyword.Routines
 //        ^^^^^^^^ string
-//                  ^^^ block.CharCode
+//                  ^^^^^^ block.CharCode
 //                                 ^^^^ keyword.Constants
 //                                       ^^^ keyword.Reserved
 //                                             ^^^^^^^ comment
@@ -32,5 +43,10 @@ BEGIN
 //             ^^^^ keyword.Reserved
 //                  ^^^ keyword.Routines
 //         ^ symbol
+procedure Draw; virtual; abstract; overload; stdcall;
+//              ^^^^^^^ keyword.Directives
+//                       ^^^^^^^^ keyword.Directives
+//                                 ^^^^^^^^ keyword.Directives
+//                                           ^^^^^^^ keyword.Directives
 end.
 // <- keyword.Reserved

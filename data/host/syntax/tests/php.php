@@ -33,6 +33,16 @@ function greet(string $name, int $times = 0x0A): ?array {
 //                  ^^^^^ keyword.Keywords
 //                            ^^^^^^^^^ keyword.Classes
 //                                      ^^^^ string
+    $doc = <<<EOT
+//         ^^^^^^ string
+    Hello $name, "quotes" and /* no comment */
+//  ^^^^^^^^^^^ string
+//               ^^^^^^^^ string
+//                            ^^^^^^^^^^^^^^^^ string
+    EOT;
+    $after = 1;
+//  ^^^^^^ keyword.#Variable
+//           ^ number
 }
 /* a block comment
    over lines */ $x = true;
