@@ -22,6 +22,7 @@ run: build
 
 check-definitions: build
 	@$(BUILD)/tools/gdtool/gdtool check $(BUILD)/host/syntax/*.gdx
+	@$(BUILD)/tools/gdtool/gdtool test data/host/syntax/tests
 
 test: build
 	@ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -1,35 +1,19 @@
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdio>
 #include <map>
 
 #include "BundledDefinitions.h"
+#include "GdtoolRun.h"
 #include "TempFolder.h"
 #include "platform/CodePages.h"
 
 namespace fs = std::filesystem;
+using orl::test::Gdtool;
+using orl::test::Quoted;
 using orl::test::ReadBytes;
+using orl::test::TRun;
 
 namespace {
-
-struct TRun {
-  int Status;
-  std::string Output;
-};
-
-std::string Quoted(const std::string& s) { return "'" + s + "'"; }
-
-TRun Gdtool(const std::string& args) {
-  const std::string command = Quoted(GDTOOL_PATH) + " " + args + " 2>&1";
-  FILE* pipe = ::popen(command.c_str(), "r");
-  std::string output;
-  char buffer[4096];
-  while (size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) output.append(buffer, n);
-  const int status = ::pclose(pipe);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
-}
 
 std::vector<fs::path> BundledDefinitions() { return orl::test::BundledDefinitions(HOST_DIR); }
 

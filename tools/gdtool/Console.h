@@ -29,11 +29,13 @@ int RunResave(const std::vector<std::string>& args, std::ostream& out, std::ostr
 int RunConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int RunStyles(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int RunTokens(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunTest(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 extern const char* const kCheckHelp;
 extern const char* const kResaveHelp;
 extern const char* const kConvertHelp;
 extern const char* const kStylesHelp;
 extern const char* const kTokensHelp;
+extern const char* const kTestHelp;
 
 } // namespace gdtool

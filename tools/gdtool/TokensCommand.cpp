@@ -5,12 +5,11 @@
 #include <ostream>
 
 #include "Console.h"
-#include "definition/DefinitionFormat.h"
+#include "LoadedSyntax.h"
 #include "platform/CodePages.h"
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
-#include "syntax/LineTokeniser.h"
-#include "syntax/OrlSyntax.h"
+#include "syntax/OrlMemoStyles.h"
 
 namespace gdtool {
 
@@ -128,38 +127,27 @@ int RunTokens(const std::vector<std::string>& args, std::ostream& out, std::ostr
     return WantsHelp(args) ? exOk : exUnusable;
   }
   std::u16string text;
+  std::unique_ptr<TLoadedSyntax> loaded;
   try {
-    ReadFileBytes(parsed.Syntax);  // raises the file error of an unreadable definition
+    loaded = LoadSyntax(parsed.Syntax);
     text = DecodeText(ReadFileBytes(parsed.File), 65001);
   } catch (const EOrlError& e) {
     err << "gdtool: " << e.what() << "\n";
     return exProblems;
   }
-  TOrlMemoStyleSlots memo;
-  TOrlSyntax syntax;
-  syntax.OnDebugWrite = [](const std::u16string&, bool) {};
-  TStringList sample, info;
-  syntax.LoadStyleFromFile(memo, StringFromPath(parsed.Syntax), BaseNameOf(parsed.Syntax), sample, info);
-  if (!memo.FStyles) {
+  if (!loaded) {
     err << "gdtool: " << parsed.Syntax.string() << ": no style set could be loaded\n";
     return exProblems;
   }
-  TOrlMemoStrings lines;
-  for (std::u16string& line : SplitLines(text)) lines.DoAdd(line);
-  TPlainTokeniserHost host;
-  host.bAllowURLClick = memo.UrlAware;
-  TLineTokeniser tokeniser(lines, memo, host);
-  TStyle state;
-  TTokenRunList runs;
-  for (int i = 0; i < lines.Count(); ++i) {
-    const std::u16string_view row = lines.GetLineString(i);
-    tokeniser.ColourLine(i, state, runs);
-    const std::vector<TNamedRun> named = NamedRuns(runs.Runs, memo.FStyles);
+  const std::vector<std::u16string> lines = SplitLines(text);
+  const TOrlCustomMemoStyles* styles = loaded->Memo.FStyles;
+  ColourLines(*loaded, lines, [&](int i, const std::vector<TTokenRun>& runs, const TStyle& state) {
+    const std::vector<TNamedRun> named = NamedRuns(runs, styles);
     if (parsed.bJson)
       PrintJson(i, named, state, out);
     else
-      PrintText(i, row, named, state, out);
-  }
+      PrintText(i, lines[size_t(i)], named, state, out);
+  });
   return exOk;
 }
 
