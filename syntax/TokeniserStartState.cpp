@@ -105,8 +105,8 @@ void TLineTokeniser::SetLineStyle(int index, TStyle& LineStyle) {
 }
 
 void TLineTokeniser::SetLineStyleFromThread(int index, TStyle& LineStyle) {
-  // The store's write takes its lock, which is all a thread write needs.
-  SetLineStyle(index, LineStyle);
+  LineStyle.Set(sfCached, true);
+  FLines.SetLineStyleFromThread(index, LineStyle);
 }
 
 void TLineTokeniser::UpdateCachedLineStyle(int line, const TStyle& Style, bool bForce) {

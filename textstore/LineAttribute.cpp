@@ -1,5 +1,8 @@
 #include "textstore/LineAttribute.h"
 
+#include <functional>
+#include <string_view>
+
 namespace orl {
 
 namespace {
@@ -19,9 +22,20 @@ constexpr std::pair<TLineFlag, TLineFlag> kTempTwins[] = {
     {lfRgn_Begin, lfTempRgn_Begin}, {lfRgn_End, lfTempRgn_End},       {lfRgn_Closed, lfTempRgn_Closed},
 };
 
-const TStyle& ClearedStyle() {
-  static const TStyle cleared;
+const TStyleRef& ClearedStyle() {
+  static const TStyleRef cleared = std::make_shared<const TStyle>();
   return cleared;
+}
+
+template <class T>
+void HashIn(size_t& seed, const T& value) {
+  seed ^= std::hash<T>{}(value) + 0x9e3779b97f4a7c15ull + (seed << 6) + (seed >> 2);
+}
+
+template <class T>
+void HashItems(size_t& seed, const TCompactArray<T>& items) {
+  const std::span<const T> bytes = items.Items();
+  HashIn(seed, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size_bytes()));
 }
 
 void SetLineEnding(TTextAttribute& a, TSysTextType textType) {
@@ -49,20 +63,65 @@ TAttributePtr NewOfClass(bool bAttribute) {
 
 } // namespace
 
-const TStyle& TTextAttribute::Style() const { return FStyle ? *FStyle : ClearedStyle(); }
+TStyleRef TTextAttribute::Style() const {
+  TStyleRef record = FStyle.load(std::memory_order_acquire);
+  return record ? record : ClearedStyle();
+}
 
 void TTextAttribute::SetStyle(TStyle value) {
-  if (value == ClearedStyle())
-    FStyle.reset();
+  if (value == *ClearedStyle())
+    SetStyleRecord(nullptr);
   else
-    FStyle = std::make_shared<const TStyle>(std::move(value));
+    SetStyleRecord(std::make_shared<const TStyle>(std::move(value)));
 }
 
 void TTextAttribute::ClearStyle(bool bFolding) {
-  if (!FStyle) return;
-  TStyle style = *FStyle;
+  const TStyleRef record = FStyle.load(std::memory_order_acquire);
+  if (!record) return;
+  TStyle style = *record;
   style.Clear(bFolding);
   SetStyle(std::move(style));
+}
+
+bool TTextAttribute::SameAs(const TTextAttribute& other) const {
+  const bool bOwnFields =
+      FClass == other.FClass && FBooleanArray.load(std::memory_order_relaxed) == other.FBooleanArray.load(std::memory_order_relaxed) &&
+      FBooleanArray2.load(std::memory_order_relaxed) == other.FBooleanArray2.load(std::memory_order_relaxed) &&
+      ExpandingClip == other.ExpandingClip && LineNr == other.LineNr && SelNodeTopIdNr == other.SelNodeTopIdNr &&
+      UndoNr == other.UndoNr && ChangeHistory == other.ChangeHistory && FindId == other.FindId &&
+      FindWrapLen == other.FindWrapLen && FindWrapPos == other.FindWrapPos && Bookmark == other.Bookmark &&
+      ChangeLastSavedAt == other.ChangeLastSavedAt && TextDiffKind == other.TextDiffKind &&
+      Enabled == other.Enabled && SpellList == other.SpellList &&
+      FStyle.load(std::memory_order_acquire) == other.FStyle.load(std::memory_order_acquire);
+  if (!bOwnFields) return false;
+  const TAttribute* a = AsAttribute();
+  const TAttribute* b = other.AsAttribute();
+  return !a || (a->Braces1 == b->Braces1 && a->Braces2 == b->Braces2 && a->Braces3 == b->Braces3 &&
+                a->NodeTopIdNrList == b->NodeTopIdNrList && a->TempNodeTopIdNrList == b->TempNodeTopIdNrList &&
+                a->NodeTopIdNr == b->NodeTopIdNr && a->TempNodeTopIdNr == b->TempNodeTopIdNr &&
+                a->TagId == b->TagId && a->NodeLevel == b->NodeLevel && a->TempNodeLevel == b->TempNodeLevel &&
+                a->Rgn_Level == b->Rgn_Level && a->TempRgn_Level == b->TempRgn_Level &&
+                a->ceListItem == b->ceListItem && a->ceTempListItem == b->ceTempListItem);
+}
+
+size_t TTextAttribute::Hash() const {
+  size_t seed = FClass;
+  HashIn(seed, FBooleanArray.load(std::memory_order_relaxed));
+  HashIn(seed, FBooleanArray2.load(std::memory_order_relaxed));
+  HashIn(seed, ChangeHistory);
+  HashIn(seed, LineNr);
+  HashIn(seed, int(Bookmark));
+  HashIn(seed, FStyle.load(std::memory_order_acquire).get());
+  HashItems(seed, SpellList);
+  if (const TAttribute* a = AsAttribute()) {
+    HashItems(seed, a->Braces1);
+    HashItems(seed, a->Braces2);
+    HashItems(seed, a->Braces3);
+    HashItems(seed, a->NodeTopIdNrList);
+    HashIn(seed, a->NodeTopIdNr);
+    HashIn(seed, int(a->NodeLevel));
+  }
+  return seed;
 }
 
 void TTextAttribute::RequestSpellCheck() {
@@ -132,8 +191,8 @@ TAttributePtr CreateTextAttribute(TSysTextType textType) {
 
 TAttributePtr CopyAttribute(const TTextAttribute& value) {
   TAttributePtr result = NewOfClass(value.IsAttribute());
-  result->FBooleanArray = value.FBooleanArray;
-  result->FBooleanArray2 = value.FBooleanArray2;
+  result->FBooleanArray = value.FBooleanArray.load(std::memory_order_relaxed);
+  result->FBooleanArray2 = value.FBooleanArray2.load(std::memory_order_relaxed);
   CopyMarksAndHistory(value, *result);
   result->SpellList = value.SpellList;
   result->Enabled = value.Enabled;
@@ -142,10 +201,17 @@ TAttributePtr CopyAttribute(const TTextAttribute& value) {
   return result;
 }
 
+TAttributePtr CloneAttribute(const TTextAttribute& value) {
+  TAttributePtr result = CopyAttribute(value);
+  result->SelNodeTopIdNr = value.SelNodeTopIdNr;
+  result->ExpandingClip = value.ExpandingClip;
+  result->ShareStyle(value);
+  return result;
+}
+
 void SetLineAttribute(TTextAttribute& row, const TTextAttribute& value) {
   row.FBooleanArray = (value.FBooleanArray & ~kSelectionFoldFlags) | (row.FBooleanArray & kSelectionFoldFlags);
-  row.FBooleanArray2 =
-      uint16_t((value.FBooleanArray2 & kNodeEndBeforeFlags) | (row.FBooleanArray2 & ~kNodeEndBeforeFlags));
+  row.FBooleanArray2 = uint16_t((value.FBooleanArray2 & kNodeEndBeforeFlags) | (row.FBooleanArray2 & ~kNodeEndBeforeFlags));
   CopyMarksAndHistory(value, row);
   row.SpellList = value.SpellList;
   const TAttribute* source = value.AsAttribute();
@@ -155,8 +221,8 @@ void SetLineAttribute(TTextAttribute& row, const TTextAttribute& value) {
 
 TAttributePtr ConvertAttribute(const TTextAttribute& old, bool bToAttribute) {
   TAttributePtr result = NewOfClass(bToAttribute);
-  result->FBooleanArray = old.FBooleanArray;
-  result->FBooleanArray2 = old.FBooleanArray2;
+  result->FBooleanArray = old.FBooleanArray.load(std::memory_order_relaxed);
+  result->FBooleanArray2 = old.FBooleanArray2.load(std::memory_order_relaxed);
   result->SelNodeTopIdNr = old.SelNodeTopIdNr;
   result->ShareStyle(old);
   CopyMarksAndHistory(old, *result);

@@ -10,6 +10,12 @@
 // as its own class. Rows share ownership through TAttributePtr so that the
 // background thread can keep a row's attribute alive after the store's lock is
 // released.
+//
+// Rows with equal attributes share one object, which is then marked shared and
+// never written again: a writer first gives its row a copy (the store does
+// this). The two flag words are atomic, because the background thread sets
+// flags (links, spelling, to-do items) of a row whose other flags (hidden,
+// line marks, history) the main thread writes at the same time.
 
 #include <atomic>
 #include <cstdint>
@@ -61,9 +67,9 @@ public:
   TTextAttribute(const TTextAttribute&) = delete;
   TTextAttribute& operator=(const TTextAttribute&) = delete;
 
-  bool GetValue(TLineFlag index) const { return (FBooleanArray >> index) & 1u; }
+  bool GetValue(TLineFlag index) const { return (FBooleanArray.load(std::memory_order_relaxed) >> index) & 1u; }
   void SetValue(TLineFlag index, bool value) { SetBit(FBooleanArray, index, value); }
-  bool GetValue(TLineFlag2 index) const { return (FBooleanArray2 >> index) & 1u; }
+  bool GetValue(TLineFlag2 index) const { return (FBooleanArray2.load(std::memory_order_relaxed) >> index) & 1u; }
   void SetValue(TLineFlag2 index, bool value) { SetBit(FBooleanArray2, index, value); }
 
   ORL_LINE_FLAG(Changed, lfChanged)
@@ -110,12 +116,23 @@ public:
   TAttribute* AsAttribute();
   const TAttribute* AsAttribute() const;
 
-  /// The scan state at the row's end.
-  const TStyle& Style() const;
+  /// The scan state at the row's end. The record is immutable and the
+  /// handle keeps it alive, even when another thread gives the row a new one.
+  TStyleRef Style() const;
   void SetStyle(TStyle value);
-  /// Takes the very record of `source`: rows with equal states may share one.
-  void ShareStyle(const TTextAttribute& source) { FStyle = source.FStyle; }
+  /// Takes `record` itself, null for the cleared state: rows with equal states share one.
+  void SetStyleRecord(TStyleRef record) { FStyle.store(std::move(record), std::memory_order_release); }
+  /// Takes the very record of `source`.
+  void ShareStyle(const TTextAttribute& source) { SetStyleRecord(source.FStyle.load(std::memory_order_acquire)); }
   void ClearStyle(bool bFolding);
+
+  /// Held by several rows (or kept for them): a writer must copy it first.
+  bool IsShared() const { return FShared.load(std::memory_order_acquire); }
+  void MarkShared() { FShared.store(true, std::memory_order_release); }
+  /// Every field of `other` equal, the style record the same one.
+  bool SameAs(const TTextAttribute& other) const;
+  /// A hash of what SameAs compares.
+  size_t Hash() const;
 
   /// Marks the row for the next spell pass and forgets its old marks.
   void RequestSpellCheck();
@@ -126,8 +143,8 @@ public:
 
   // Fields are ordered for packing, so that a row's attribute fills one
   // cache line; the spell list and the style cost a pointer while unused.
-  uint32_t FBooleanArray = 0;
-  uint16_t FBooleanArray2 = 0;
+  std::atomic<uint32_t> FBooleanArray = 0;
+  std::atomic<uint16_t> FBooleanArray2 = 0;
   bool ExpandingClip = false;
   int LineNr = 0;
   int SelNodeTopIdNr = 0;
@@ -151,17 +168,21 @@ protected:
 
 private:
   friend class TAttributePtr;
-  template <class TWord> static void SetBit(TWord& word, unsigned index, bool value) {
+  template <class TWord> static void SetBit(std::atomic<TWord>& word, unsigned index, bool value) {
     const TWord bit = TWord(1u << index);
-    word = value ? TWord(word | bit) : TWord(word & ~bit);
+    if (value)
+      word.fetch_or(bit, std::memory_order_relaxed);
+    else
+      word.fetch_and(TWord(~bit), std::memory_order_relaxed);
   }
 
   TAttributeClass FClass;
+  std::atomic<bool> FShared = false;
   std::atomic<uint32_t> FRefCount{0};
   // Null stands for the cleared record, which most rows of a plain memo keep;
-  // the record is immutable once shared, so a reader on another thread may
-  // keep it after the row has moved on.
-  std::shared_ptr<const TStyle> FStyle;
+  // records are immutable, so a reader on another thread may keep one after
+  // the row has moved on.
+  std::atomic<TStyleRef> FStyle;
 };
 
 #undef ORL_LINE_FLAG
@@ -218,6 +239,8 @@ public:
   ~TAttributePtr() { Release(); }
 
   TTextAttribute* get() const { return FObject.load(std::memory_order_acquire); }
+  /// How many handles hold the object; 1 when this is the only one.
+  uint32_t UseCount() const { return get() ? get()->FRefCount.load(std::memory_order_acquire) : 0; }
   TTextAttribute* operator->() const { return get(); }
   TTextAttribute& operator*() const { return *get(); }
   explicit operator bool() const { return get() != nullptr; }
@@ -243,6 +266,9 @@ TAttributePtr CreateTextAttribute(TSysTextType textType);
 /// A copy of the same class with everything but the style, the selection-fold
 /// id and the clip mark, which start fresh.
 TAttributePtr CopyAttribute(const TTextAttribute& value);
+/// A private copy with every field, the style record shared: what a row that
+/// held a shared attribute gets before it is written.
+TAttributePtr CloneAttribute(const TTextAttribute& value);
 /// Writes `value` into a row's attribute. The row keeps its selection folds,
 /// line ending, style and diff state; the TAttribute fields go across only
 /// between two TAttributes.

@@ -6,6 +6,7 @@
 // A plain value: copying it copies every string and stack in it.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -104,10 +105,15 @@ struct TStyle {
   void Clear(bool bFolding);
   /// The state only: the store's stamp below takes no part.
   bool operator==(const TStyle& other) const;
+  /// A hash of the state and the stamp.
+  size_t Hash() const;
 
   /// When the store took the record; with the store's invalidations it says
   /// whether Cached still holds (see TOrlMemoStrings::LineStyleValid).
   uint64_t Generation = 0;
 };
+
+/// A stored record: immutable, shared by the rows that end in the same state.
+using TStyleRef = std::shared_ptr<const TStyle>;
 
 } // namespace orl

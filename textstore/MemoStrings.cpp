@@ -77,7 +77,7 @@ size_t TOrlMemoStrings::AllocatedBytes() const {
   for (int i = 0; i < GetCount(); ++i) {
     bytes += Item(i).FString.AllocatedBytes();
     const TTextAttribute* a = Item(i).FObject.get();
-    if (a && !IsShared(a)) bytes += a->IsAttribute() ? sizeof(TAttribute) : sizeof(TTextAttribute);
+    if (a && !a->IsShared()) bytes += a->IsAttribute() ? sizeof(TAttribute) : sizeof(TTextAttribute);
   }
   return bytes;
 }

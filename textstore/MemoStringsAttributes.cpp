@@ -3,7 +3,9 @@
 // the count of visible rows right.
 
 #include <algorithm>
+#include <memory>
 #include <mutex>
+#include <unordered_map>
 
 #include "textstore/OrlMemoStrings.h"
 
@@ -21,8 +23,8 @@ constexpr size_t kMaxStyleInvalidations = 4096;
 // Everything of `fresh` into `a`, in place, so that pointers to `a` stay good.
 void ResetToFresh(TTextAttribute& a, const TTextAttribute& fresh) {
   SetLineAttribute(a, fresh);
-  a.FBooleanArray = fresh.FBooleanArray;
-  a.FBooleanArray2 = fresh.FBooleanArray2;
+  a.FBooleanArray = fresh.FBooleanArray.load();
+  a.FBooleanArray2 = fresh.FBooleanArray2.load();
   a.Enabled = fresh.Enabled;
   a.TextDiffKind = fresh.TextDiffKind;
   a.ExpandingClip = fresh.ExpandingClip;
@@ -56,23 +58,44 @@ TAttributePtr TOrlMemoStrings::FreshAttribute(const TFreshState& state) {
   fresh->ChangeHistory = state.ChangeHistory;
   if (FFreshAttributes.size() < kMaxFreshStates) {
     std::lock_guard lock(FLock);  // the background thread looks the list up under it
+    fresh->MarkShared();
     FFreshAttributes.push_back({state, fresh});
+    // Rows that a scan leaves as they were find their way back to it.
+    FSharedAttributes.Intern(fresh);
   }
   return fresh;
 }
 
-bool TOrlMemoStrings::IsShared(const TTextAttribute* a) const {
-  return std::ranges::any_of(FFreshAttributes, [a](const TFreshEntry& e) { return e.Attribute.get() == a; });
-}
-
 TTextAttribute* TOrlMemoStrings::OwnAttribute(int Index) {
   TAttributePtr& slot = Item(Index).FObject;
-  if (slot && IsShared(slot.get())) {
+  if (slot && slot->IsShared()) {
     // The other thread may have given the row its own in the meantime.
     std::lock_guard lock(FLock);
-    if (IsShared(slot.get())) slot = CopyAttribute(*slot);
+    if (slot->IsShared()) slot = CloneAttribute(*slot);
   }
   return slot.get();
+}
+
+void TOrlMemoStrings::WriteRowStyle(int Index, TStyle style) {
+  TTextAttribute* row = OwnAttribute(Index);
+  if (!row) return;
+  style.Generation = FStyleGeneration;
+  row->SetStyleRecord(style == TStyle() ? nullptr : FStyleRecords.Intern(std::make_shared<const TStyle>(std::move(style))));
+}
+
+void TOrlMemoStrings::ShareRowAttribute(int Index) {
+  TAttributePtr& slot = Item(Index).FObject;
+  // A second holder may write to the object: it stays the row's own.
+  if (!slot || slot->IsShared() || slot.UseCount() != 1 || slot.get() == FNilAttribute.get()) return;
+  TAttributePtr shared = FSharedAttributes.Intern(slot);
+  shared->MarkShared();
+  slot = std::move(shared);
+}
+
+void TOrlMemoStrings::SweepSharedRecords() {
+  std::lock_guard lock(FLock);
+  FSharedAttributes.Sweep();
+  FStyleRecords.Sweep();
 }
 
 const TTextAttribute& TOrlMemoStrings::BlankAttribute() {
@@ -117,11 +140,28 @@ void TOrlMemoStrings::SetLineAttribute(int Index, const TTextAttribute& Value) {
 
 void TOrlMemoStrings::SetLineStyle(int Index, const TStyle& Value) {
   std::lock_guard lock(FLock);
-  TTextAttribute* row = ValidIndex(Index) ? OwnAttribute(Index) : nullptr;
-  if (!row) return;
-  TStyle stamped = Value;
-  stamped.Generation = FStyleGeneration;
-  row->SetStyle(std::move(stamped));
+  if (!ValidIndex(Index)) return;
+  WriteRowStyle(Index, Value);
+  // The state is the last thing a scan writes into a row: a good moment to
+  // let the row share what it holds with equal rows.
+  ShareRowAttribute(Index);
+  ShareRowsScannedByThread();
+}
+
+void TOrlMemoStrings::SetLineStyleFromThread(int Index, const TStyle& Value) {
+  std::lock_guard lock(FLock);
+  if (!ValidIndex(Index)) return;
+  WriteRowStyle(Index, Value);
+  FRowsScannedByThread.push_back(Index);
+}
+
+void TOrlMemoStrings::ShareRowsScannedByThread() {
+  std::lock_guard lock(FLock);
+  // Rows may have moved since: sharing goes by content, so any row is right
+  // to share, and one that moved away is simply left as it is.
+  for (const int row : FRowsScannedByThread)
+    if (ValidIndex(row)) ShareRowAttribute(row);
+  FRowsScannedByThread.clear();
 }
 
 void TOrlMemoStrings::ClearLineStylesFrom(int index) {
@@ -142,24 +182,25 @@ bool TOrlMemoStrings::StampStillValid(uint64_t stamp, int Index) const {
 bool TOrlMemoStrings::LineStyleValid(int Index) const {
   std::lock_guard lock(FLock);
   if (!ValidIndex(Index)) return false;
-  const TStyle& style = ReadLineAttribute(Index).Style();
-  return style.Get(sfCached) && StampStillValid(style.Generation, Index);
+  const TStyleRef style = ReadLineAttribute(Index).Style();
+  return style->Get(sfCached) && StampStillValid(style->Generation, Index);
 }
 
 TStyle TOrlMemoStrings::ReadLineStyle(int Index) const {
   std::lock_guard lock(FLock);
-  TStyle style = ReadLineAttribute(Index).Style();
+  TStyle style = *ReadLineAttribute(Index).Style();
   if (style.Get(sfCached) && !StampStillValid(style.Generation, Index)) style.Set(sfCached, false);
   return style;
 }
 
 void TOrlMemoStrings::FoldStyleInvalidations() {
   for (int i = FStyleInvalidations.front().From; i < GetCount(); ++i) {
-    const TStyle& style = ReadLineAttribute(i).Style();
-    if (!style.Get(sfCached) || StampStillValid(style.Generation, i)) continue;
-    TStyle cleared = style;
+    const TStyleRef style = ReadLineAttribute(i).Style();
+    if (!style->Get(sfCached) || StampStillValid(style->Generation, i)) continue;
+    TStyle cleared = *style;
     cleared.Set(sfCached, false);
-    OwnAttribute(i)->SetStyle(std::move(cleared));
+    WriteRowStyle(i, std::move(cleared));
+    ShareRowAttribute(i);
   }
   FStyleInvalidations.clear();
 }
@@ -178,20 +219,31 @@ void TOrlMemoStrings::ConvertAttributes() {
   if (GetCount() == 0 || !Item(0).FObject) return;
   std::lock_guard lock(FLock);
   const bool bToAttribute = !Item(0).FObject->IsAttribute();
+  // Rows that shared an attribute share its converted twin.
+  std::unordered_map<const TTextAttribute*, TAttributePtr> converted;
   for (int i = 0; i < GetCount(); ++i) {
     TAttributePtr& slot = Item(i).FObject;
     if (!slot) continue;
-    const auto shared = std::ranges::find(FFreshAttributes, slot.get(), [](const TFreshEntry& e) { return e.Attribute.get(); });
-    if (shared == FFreshAttributes.end()) {
+    const auto fresh = std::ranges::find(FFreshAttributes, slot.get(), [](const TFreshEntry& e) { return e.Attribute.get(); });
+    if (fresh != FFreshAttributes.end()) {
+      TFreshState state = fresh->State;
+      state.bFull = bToAttribute;
+      slot = FreshAttribute(state);
+    } else if (slot->IsShared()) {
+      TAttributePtr& twin = converted[slot.get()];
+      if (!twin) {
+        twin = FSharedAttributes.Intern(ConvertAttribute(*slot, bToAttribute));
+        twin->MarkShared();
+      }
+      slot = twin;
+    } else {
       slot = ConvertAttribute(*slot, bToAttribute);
-      continue;
     }
-    TFreshState state = shared->State;
-    state.bFull = bToAttribute;
-    slot = FreshAttribute(state);
   }
   // No row holds the shared attributes of the old class any more.
   std::erase_if(FFreshAttributes, [&](const TFreshEntry& e) { return e.State.bFull != bToAttribute; });
+  converted.clear();
+  SweepSharedRecords();
 }
 
 int TOrlMemoStrings::GetSpellList(int Index, TSpellList& aSpellList) const {

@@ -131,11 +131,12 @@ TAttributePtr TOrlMemoStrings::ClearLine(int index, bool bFreeObject) {
   if (dropped && dropped->Hidden()) ++FVisibleCount;
   if (bFreeObject || !dropped) return nullptr;
   // A shared attribute is not the row's to give away.
-  return IsShared(dropped.get()) ? CopyAttribute(*dropped) : dropped;
+  return dropped->IsShared() ? CloneAttribute(*dropped) : dropped;
 }
 
 void TOrlMemoStrings::Clear() {
   StoreClear();
+  SweepSharedRecords();
   FCapacity = 16;
   FVisibleCount = 0;
   FIllegalControlCodes = false;

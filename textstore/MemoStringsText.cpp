@@ -19,6 +19,9 @@ constexpr size_t kShortestMaxLength = 80;
 constexpr size_t kMaxLengthMargin = 100;
 constexpr size_t kProgressThreshold = 100000;
 constexpr size_t kProgressStep = 10000;
+// Characters a file load reads at a time: large enough to make reads cheap,
+// small beside any text worth measuring.
+constexpr size_t kLoadPiece = size_t(1) << 20;
 
 // Bits of a pending line ending, in the order of TFreshState::Ending.
 enum TEndingMark : int8_t { emCR = 1, emLF = 2 };
@@ -129,6 +132,25 @@ std::u16string LowerAscii(std::u16string s) {
 
 } // namespace
 
+/// What a parse carries from one piece of a text to the next.
+struct TOrlMemoStrings::TLineParse {
+  TLineParse(bool silent, const TMemoStoreSettings& settings, const TFreshState& rowState, bool delimited)
+      : bSilent(silent), Settings(settings), RowState(rowState), bDelimited(delimited) {}
+
+  bool bSilent;
+  TMemoStoreSettings Settings;
+  TFreshState RowState;
+  bool bDelimited;
+  TEndingCounts Counts;
+  int8_t Pending = 0;  // the ending before the next row
+  bool bTab = false;
+  bool bTrailingEnding = false;
+  size_t Longest = kShortestMaxLength;
+  size_t Done = 0;  // characters parsed in earlier pieces
+  size_t Total = 0;
+  size_t Reported = 0;
+};
+
 bool TOrlMemoStrings::IsDelimitedFile(const TMemoStoreSettings& settings) const {
   if (FMemo && !settings.bHandleCSV) return false;
   const std::u16string extension = LowerAscii(std::filesystem::path(FFileName).extension().u16string());
@@ -184,52 +206,97 @@ void TOrlMemoStrings::ParseRows(std::u16string_view Value, bool bSilent) {
 }
 
 void TOrlMemoStrings::ParseLines(std::u16string_view Value, bool bSilent, const TMemoStoreSettings& settings) {
-  const bool bDelimited = IsDelimitedFile(settings);
-  const TFreshState rowState = NewRowState(settings);
-  TEndingCounts counts;
-  int8_t pending = 0;
-  bool bTab = false;
-  bool bTrailingEnding = false;
-  size_t longest = kShortestMaxLength;
-  size_t reported = 0;
+  TLineParse parse(bSilent, settings, NewRowState(settings), IsDelimitedFile(settings));
+  parse.Total = Value.size();
+  ParsePiece(Value, true, parse);
+  FinishParse(parse);
+}
+
+size_t TOrlMemoStrings::ParsePiece(std::u16string_view Value, bool bFinal, TLineParse& parse) {
   const auto addRow = [&](std::u16string_view piece) {
     if (FAddToLastLine && GetCount() > 0) {
       FAddToLastLine = false;
       InsertAt(GetCount() - 1, piece, GetLineLength(GetCount() - 1) + 1);
       return;
     }
-    TFreshState state = rowState;
-    state.Ending = pending;
-    if (bSilent)
-      InsertRow(GetCount(), Tabbed(piece, settings), FreshAttribute(state));
+    TFreshState state = parse.RowState;
+    state.Ending = parse.Pending;
+    if (parse.bSilent)
+      InsertRow(GetCount(), Tabbed(piece, parse.Settings), FreshAttribute(state));
     else
-      AddQuickLineWith(piece, settings, state);
+      AddQuickLineWith(piece, parse.Settings, state);
   };
-  for (size_t pos = 0; pos < Value.size();) {
-    const size_t end = EndOfParsedLine(Value, pos, bDelimited, FInString, bTab);
-    addRow(Value.substr(pos, end - pos));
-    pending = 0;
-    if (end == Value.size()) break;
-    const size_t next = ConsumeEnding(Value, end, counts, pending);
-    if (Value[end] == kParagraphSeparator) addRow(u"");
-    bTrailingEnding = next == Value.size() && IsLineBreak(Value[end]);
-    longest = std::max(longest, next - pos);
-    pos = next;
-    if (FOnProgress && Value.size() > kProgressThreshold && pos - reported > kProgressStep) {
-      reported = pos;
-      FOnProgress(int(pos), int(Value.size()));
+  size_t pos = 0;
+  while (pos < Value.size()) {
+    const bool bWasInString = FInString;
+    const size_t end = EndOfParsedLine(Value, pos, parse.bDelimited, FInString, parse.bTab);
+    // A line whose end the next piece holds (a CR may yet be followed by its
+    // LF) is parsed again with that piece.
+    if (!bFinal && (end == Value.size() || (Value[end] == u'\r' && end + 1 == Value.size()))) {
+      FInString = bWasInString;
+      break;
     }
+    addRow(Value.substr(pos, end - pos));
+    parse.Pending = 0;
+    parse.bTrailingEnding = false;
+    if (end == Value.size()) {
+      pos = end;
+      break;
+    }
+    const size_t next = ConsumeEnding(Value, end, parse.Counts, parse.Pending);
+    if (Value[end] == kParagraphSeparator) addRow(u"");
+    parse.bTrailingEnding = next == Value.size() && IsLineBreak(Value[end]);
+    parse.Longest = std::max(parse.Longest, next - pos);
+    pos = next;
+    ReportParseProgress(parse, parse.Done + pos);
   }
-  if (bTrailingEnding) {
-    TFreshState state = rowState;
-    state.Ending = pending;
+  parse.Done += pos;
+  return pos;
+}
+
+void TOrlMemoStrings::ReportParseProgress(TLineParse& parse, size_t pos) {
+  if (!FOnProgress || parse.Total <= kProgressThreshold || pos - parse.Reported <= kProgressStep) return;
+  parse.Reported = pos;
+  FOnProgress(int(pos), int(parse.Total));
+}
+
+void TOrlMemoStrings::FinishParse(const TLineParse& parse) {
+  if (parse.bTrailingEnding) {
+    TFreshState state = parse.RowState;
+    state.Ending = parse.Pending;
     InsertRow(GetCount(), u"", FreshAttribute(state));
   }
-  FSysTextType = TypeFromCounts(counts, FSysTextType);
+  FSysTextType = TypeFromCounts(parse.Counts, FSysTextType);
   if (FMemo) {
-    FMemo->RaiseMaxLength(int(longest + kMaxLengthMargin));
-    FMemo->SetHasTabs(bTab);
+    FMemo->RaiseMaxLength(int(parse.Longest + kMaxLengthMargin));
+    FMemo->SetHasTabs(parse.bTab);
   }
+}
+
+void TOrlMemoStrings::LoadFromFile(const std::filesystem::path& FileName) {
+  TUtf16FileReader reader(FileName);
+  if ((reader.HasMark() || FSaveUnicode) && !Settings().bBinaryMode)
+    LoadUtf16File(reader);
+  else
+    TElWideStringListOf<TAttributePtr>::LoadFromFile(FileName);
+}
+
+void TOrlMemoStrings::LoadUtf16File(TUtf16FileReader& reader) {
+  const TMemoStoreSettings settings = Settings();
+  std::lock_guard lock(FLock);
+  const TBulkLoad bulk(*this);
+  BeginUpdate();
+  if (!FAddToStringList && !FMonitorLogFile) Clear();
+  TLineParse parse(false, settings, NewRowState(settings), IsDelimitedFile(settings));
+  parse.Total = reader.Characters();
+  FInString = false;
+  std::u16string piece;
+  // A line longer than a piece makes the next read as large as what is held,
+  // so that rescanning it stays linear.
+  while (reader.ReadPiece(piece, std::max(kLoadPiece, piece.size()))) piece.erase(0, ParsePiece(piece, false, parse));
+  if (!piece.empty()) ParsePiece(piece, true, parse);
+  FinishParse(parse);
+  EndUpdate();
 }
 
 std::vector<TOrlMemoStrings::TRowMark> TOrlMemoStrings::NoteMarks() const {

@@ -24,11 +24,13 @@
 #include <vector>
 
 #include "platform/FormatSettings.h"
+#include "textstore/InternTable.h"
 #include "textstore/LineAttribute.h"
 #include "textstore/MemoStringsOwner.h"
 #include "textstore/OrlUniUtils.h"
 #include "textstore/OrlUnicodeStrings.h"
 #include "textstore/SysTextType.h"
+#include "textstore/Utf16FileReader.h"
 #include "textstore/WideStringArena.h"
 
 namespace orl {
@@ -137,6 +139,10 @@ public:
   void SetTextStrSilent(std::u16string_view Value);
   /// The whole text with CR LF between real lines.
   std::u16string GetTextStr() const override;
+  /// A UTF-16 file (with a mark, or any file while FSaveUnicode) is split into
+  /// rows as it is read, never held whole; other files load as the list does.
+  /// Raises EFileError when the file cannot be read.
+  void LoadFromFile(const std::filesystem::path& FileName) override;
 
   /// With a memo: appends Source and lets the memo rebuild; else clears first.
   void Assign(const TElWideStrings& Source) override;
@@ -209,8 +215,18 @@ public:
   TAttributePtr GetLineAttributeObject(int Index) const;
   /// Writes Value into the row's attribute as the attribute rules say; under the lock.
   void SetLineAttribute(int Index, const TTextAttribute& Value);
-  /// Writes the row's scan state, stamped with the current generation; under the lock.
+  /// Writes the row's scan state, stamped with the current generation, and
+  /// lets the row share its attribute with equal rows; under the lock. Main
+  /// thread only: a pointer from GetLineAttribute to this row is stale after it.
   void SetLineStyle(int Index, const TStyle& Value);
+  /// The same for the background thread, which must not re-point a row
+  /// whose attribute the main thread may be writing through a plain pointer:
+  /// the row is only noted, and shares at the main thread's next
+  /// SetLineStyle or ShareRowsScannedByThread.
+  void SetLineStyleFromThread(int Index, const TStyle& Value);
+  /// Main thread: the rows the thread scanned share their attributes with
+  /// equal rows. The thread's synchronised calls are the place for it.
+  void ShareRowsScannedByThread();
 
   // The scan-state cache. A record with Cached set holds for its row until
   // ClearLineStylesFrom reaches the row; an invalidation is one entry here
@@ -374,8 +390,15 @@ private:
   /// The shared attribute of `state`, made on first use.
   TAttributePtr FreshAttribute(const TFreshState& state);
   TAttributePtr NewRowAttribute() { return FreshAttribute(NewRowState(Settings())); }
-  bool IsShared(const TTextAttribute* a) const;
+  /// The row's attribute, first made private if it is shared.
   TTextAttribute* OwnAttribute(int Index);
+  /// The row's scan state as one shared record, stamped with the current generation.
+  void WriteRowStyle(int Index, TStyle style);
+  /// Lets the row hold the shared attribute equal to its own, unless somebody
+  /// else (the background thread) holds its attribute too.
+  void ShareRowAttribute(int Index);
+  /// Drops shared records that no row holds any more.
+  void SweepSharedRecords();
   TTextAttribute* ResetNilAttribute();
   static const TTextAttribute& BlankAttribute();
   void SetWrappedFlag(int Index, bool value);
@@ -395,6 +418,16 @@ private:
   };
   void ParseRows(std::u16string_view Value, bool bSilent);
   void ParseLines(std::u16string_view Value, bool bSilent, const TMemoStoreSettings& settings);
+  struct TLineParse;
+  /// Adds the rows of the lines in Value; unless bFinal, the last line
+  /// stays for the next piece when its end is not in Value. Returns the
+  /// characters used.
+  size_t ParsePiece(std::u16string_view Value, bool bFinal, TLineParse& parse);
+  void ReportParseProgress(TLineParse& parse, size_t pos);
+  /// The empty row after a final ending, the document's type, the memo's figures.
+  void FinishParse(const TLineParse& parse);
+  /// Splits a UTF-16 file into rows piece by piece.
+  void LoadUtf16File(TUtf16FileReader& reader);
   std::vector<TRowMark> NoteMarks() const;
   void RestoreMarks(const std::vector<TRowMark>& marks);
   bool IsDelimitedFile(const TMemoStoreSettings& settings) const;
@@ -416,6 +449,21 @@ private:
   int FWrapLine = 0;
   TAttributePtr FNilAttribute;
   std::vector<TFreshEntry> FFreshAttributes;
+
+  struct TStyleTraits {
+    static size_t Hash(const TStyle& s) { return s.Hash(); }
+    static bool Same(const TStyle& a, const TStyle& b) { return a == b && a.Generation == b.Generation; }
+    static long Holders(const TStyleRef& r) { return r.use_count(); }
+  };
+  struct TAttributeTraits {
+    static size_t Hash(const TTextAttribute& a) { return a.Hash(); }
+    static bool Same(const TTextAttribute& a, const TTextAttribute& b) { return a.SameAs(b); }
+    static uint32_t Holders(const TAttributePtr& p) { return p.UseCount(); }
+  };
+  // Rows share their scan states and, where equal, their whole attributes.
+  TInternTable<TStyleRef, TStyleTraits> FStyleRecords;
+  TInternTable<TAttributePtr, TAttributeTraits> FSharedAttributes;
+  std::vector<int> FRowsScannedByThread;  // to share on the main thread
   size_t FLastFresh = 0;  // the entry found last: rows in a row mostly share one
   TWideStringArena* FBulkArena = nullptr;
   std::vector<int> FPieces;  // scratch of the quick family's layouts

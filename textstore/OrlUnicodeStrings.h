@@ -119,6 +119,8 @@ public:
   bool FSaved = true;
 
 protected:
+  /// The loads' common step: the bytes of a whole file or stream into lines.
+  void LoadFromBytes(std::string_view bytes);
   /// Called with true by the outermost BeginUpdate, with false by the outermost EndUpdate.
   virtual void SetUpdateState(bool Updating) = 0;
   /// Whether two lines are equal for IndexOf and IndexOfName.

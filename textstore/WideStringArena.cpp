@@ -1,8 +1,9 @@
 #include "textstore/WideStringArena.h"
 
+#include <sys/mman.h>
+
 #include <atomic>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 
@@ -19,6 +20,21 @@ constexpr size_t kBlockSize = size_t(2) << 20;
 constexpr size_t kLongestInBlock = 16 << 10;
 
 constexpr size_t RoundUp(size_t n, size_t to) { return (n + to - 1) / to * to; }
+
+// Blocks are mapped from the system and unmapped when their last text goes:
+// the allocator would keep a freed block of this size in its heap, so a
+// session that loads and closes big files would only ever grow. Twice the
+// size is mapped and the unaligned ends go back at once.
+void* MapAlignedBlock() {
+  void* mapped = ::mmap(nullptr, 2 * kBlockSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (mapped == MAP_FAILED) throw std::bad_alloc();
+  const uintptr_t start = reinterpret_cast<uintptr_t>(mapped);
+  const uintptr_t aligned = RoundUp(start, kBlockSize);
+  if (aligned > start) ::munmap(mapped, aligned - start);
+  const uintptr_t end = start + 2 * kBlockSize;
+  if (end > aligned + kBlockSize) ::munmap(reinterpret_cast<void*>(aligned + kBlockSize), end - aligned - kBlockSize);
+  return reinterpret_cast<void*>(aligned);
+}
 
 // The current block's count starts this high, so that texts released while
 // the arena still cuts from the block can never bring it to 0; the arena
@@ -46,8 +62,7 @@ void TWideStringArena::LeaveBlock() {
 void TWideStringArena::NextBlock() {
   static_assert(sizeof(TBlock) <= kBlockHeader);
   LeaveBlock();
-  void* memory = std::aligned_alloc(kBlockSize, kBlockSize);
-  if (!memory) throw std::bad_alloc();
+  void* memory = MapAlignedBlock();
   AdviseHugePages(memory, kBlockSize);
   FBlock = new (memory) TBlock{{kHeld}};
   FUsed = kBlockHeader;
@@ -76,7 +91,7 @@ void TWideStringArena::Release(const void* rep) {
 void TWideStringArena::ReleaseBlock(TBlock* block, uint32_t count) {
   if (block->FLive.fetch_sub(count, std::memory_order_acq_rel) != count) return;
   block->~TBlock();
-  std::free(block);
+  ::munmap(block, kBlockSize);
 }
 
 } // namespace orl

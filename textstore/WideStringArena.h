@@ -6,7 +6,8 @@
 //
 // Invariant: a block's live count is the number of texts cut from it that
 // are still alive, plus a large hold while it is an arena's current block
-// (less the texts cut so far); the block is freed when the count drops to 0. Texts are never moved or reused inside
+// (less the texts cut so far); the block goes back to the system when the count
+// drops to 0. Texts are never moved or reused inside
 // a block, so a block keeps its memory until its last text is gone; texts
 // that are later edited move out to allocations of their own.
 

@@ -86,8 +86,9 @@ void TElWideStrings::SetTextStr(std::u16string_view Value) {
   EndUpdate();
 }
 
-void TElWideStrings::LoadFromStream(TMemoryStream& Stream) {
-  const std::string bytes = RestOf(Stream);
+void TElWideStrings::LoadFromStream(TMemoryStream& Stream) { LoadFromBytes(RestOf(Stream)); }
+
+void TElWideStrings::LoadFromBytes(std::string_view bytes) {
   if (FSaveUnicode || OpensWithUtf16Mark(bytes))
     SetTextStr(Utf16FromBytes(bytes));
   else
@@ -102,11 +103,7 @@ void TElWideStrings::SaveToStream(TMemoryStream& Stream) {
 }
 
 void TElWideStrings::LoadFromFile(const std::filesystem::path& FileName) {
-  const std::string bytes = ReadFileBytes(FileName);
-  TMemoryStream stream;
-  WriteBytes(stream, bytes);
-  stream.SetPosition(0);
-  LoadFromStream(stream);
+  LoadFromBytes(ReadFileBytes(FileName));
 }
 
 void TElWideStrings::SaveToFile(const std::filesystem::path& FileName) {

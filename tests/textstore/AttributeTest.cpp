@@ -24,7 +24,7 @@ TStyle ScannedStyle() {
 // away from their start values.
 TAttributePtr FilledAttribute() {
   TAttributePtr result = CreateAttribute(sttWindows);
-  TAttribute& a = *result->AsAttribute();
+  TAttribute& a = static_cast<TAttribute&>(*result);
   a.FBooleanArray = 0xFFFFFFFF & ~(1u << lfHidden);
   a.SetLinefeedLF(false);
   a.SetNodeEndBefore(true);
@@ -53,10 +53,10 @@ TEST(LineAttribute, NewAttributesStartClearedWithTheDocumentsLineEnding) {
   for (const auto& [type, bCR, bLF] : cases) {
     for (const TAttributePtr& a : {CreateAttribute(type), CreateTextAttribute(type)}) {
       EXPECT_EQ(std::tuple(a->LinefeedCR(), a->LinefeedLF()), std::tuple(bCR, bLF)) << int(type);
-      EXPECT_EQ(a->FBooleanArray, 0u);
+      EXPECT_EQ(a->FBooleanArray.load(), 0u);
       EXPECT_EQ(std::tuple(a->FindId, a->Bookmark, a->ChangeLastSavedAt, a->ChangeHistory, a->UndoNr, a->Enabled),
                 std::tuple(0, -1, -100, 0, -1, true));
-      EXPECT_EQ(std::tuple(a->Style().NodeSection, a->Style().Block.Id), std::tuple(-1, -1));
+      EXPECT_EQ(std::tuple(a->Style()->NodeSection, a->Style()->Block.Id), std::tuple(-1, -1));
     }
   }
   EXPECT_EQ(CreateTextAttribute(sttUnix)->AsAttribute(), nullptr);
@@ -71,20 +71,20 @@ TEST(LineAttribute, NamedFlagsSitAtTheirBits) {
   for (auto set : {&TTextAttribute::SetChanged, &TTextAttribute::SetSpellCheck, &TTextAttribute::SetTempTag,
                    &TTextAttribute::SetWrapped, &TTextAttribute::SetTempNodeEndBefore, &TTextAttribute::SetLinefeedLF})
     (a.get()->*set)(true);
-  EXPECT_EQ(a->FBooleanArray, (1u << 0) | (1u << 15) | (1u << 28) | (1u << 31));
-  EXPECT_EQ(a->FBooleanArray2, (1u << 1) | (1u << 3));
+  EXPECT_EQ(a->FBooleanArray.load(), (1u << 0) | (1u << 15) | (1u << 28) | (1u << 31));
+  EXPECT_EQ(a->FBooleanArray2.load(), (1u << 1) | (1u << 3));
 }
 
 TEST(LineAttribute, CopyIsDeepAndOfTheSameClassButStartsAFreshStyle) {
   TAttributePtr source = FilledAttribute();
   TAttributePtr copy = CopyAttribute(*source);
   ASSERT_TRUE(copy->IsAttribute());
-  EXPECT_EQ(std::tuple(copy->FBooleanArray, copy->FBooleanArray2),
-            std::tuple(source->FBooleanArray, source->FBooleanArray2));
+  EXPECT_EQ(std::tuple(copy->FBooleanArray.load(), copy->FBooleanArray2.load()),
+            std::tuple(source->FBooleanArray.load(), source->FBooleanArray2.load()));
   EXPECT_EQ(std::tuple(copy->Bookmark, copy->ChangeHistory, copy->Enabled, copy->TextDiffKind),
             std::tuple(5, 7, false, 3));
   EXPECT_EQ(std::tuple(copy->SelNodeTopIdNr, copy->ExpandingClip), std::tuple(0, false));
-  EXPECT_EQ(copy->Style(), TStyle());
+  EXPECT_EQ(*copy->Style(), TStyle());
   EXPECT_EQ(AsStringView(copy->AsAttribute()->Braces1), u"()");
   EXPECT_EQ(copy->AsAttribute()->ceListItem, ceMethod);
 
@@ -109,7 +109,7 @@ TEST(LineAttribute, SetLineAttributeLeavesTheRowsOwnFoldsEndingStyleAndDiffState
             std::tuple(true, false, true, false));
   EXPECT_TRUE(row->Changed() && row->NodeEndBefore() && row->TempNodeEndBefore());
   EXPECT_EQ(std::tuple(row->LinefeedCR(), row->LinefeedLF()), std::tuple(false, true));
-  EXPECT_EQ(std::tuple(row->Style().NodeSection, row->Enabled, row->TextDiffKind, row->SelNodeTopIdNr),
+  EXPECT_EQ(std::tuple(row->Style()->NodeSection, row->Enabled, row->TextDiffKind, row->SelNodeTopIdNr),
             std::tuple(9, true, 0, 0));
   EXPECT_EQ(std::tuple(row->Bookmark, row->ChangeHistory), std::tuple(5, 7));
   EXPECT_EQ(row->SpellList, value->SpellList);
@@ -140,10 +140,10 @@ TEST(LineAttribute, ConvertAttributesSwapsEveryRowByTheFirstRowsClass) {
   ASSERT_FALSE(plain.IsAttribute() || rows[1].Object->IsAttribute());
   EXPECT_FALSE(rows[2].Object);
   EXPECT_EQ(reader->Bookmark, 5);
-  EXPECT_EQ(std::tuple(plain.FBooleanArray, plain.FBooleanArray2),
-            std::tuple(reader->FBooleanArray, reader->FBooleanArray2));
+  EXPECT_EQ(std::tuple(plain.FBooleanArray.load(), plain.FBooleanArray2.load()),
+            std::tuple(reader->FBooleanArray.load(), reader->FBooleanArray2.load()));
   EXPECT_EQ(std::tuple(plain.Bookmark, plain.ChangeHistory, plain.SelNodeTopIdNr), std::tuple(5, 7, 12));
-  EXPECT_EQ(plain.Style(), ScannedStyle());
+  EXPECT_EQ(*plain.Style(), ScannedStyle());
   EXPECT_TRUE(plain.SpellList.IsEmpty());
   EXPECT_TRUE(plain.Enabled);
   EXPECT_TRUE(rows[1].Object->Linemark());
@@ -161,13 +161,13 @@ TEST(LineAttribute, ClearStyleKeepsFoldStacksUnlessFolding) {
   a->SetStyle(ScannedStyle());
   sharer->ShareStyle(*a);
   a->ClearStyle(false);
-  const TStyle& kept = a->Style();
-  EXPECT_EQ(std::tuple(kept.NodeSection, kept.Properties.BracketId, kept.Block.Cache.size()), std::tuple(-1, -1, 0u));
-  EXPECT_EQ(kept.Properties.TagNr, 5);
-  EXPECT_EQ(std::tuple(kept.NodeStyles.size(), kept.RegionStyles.size()), std::tuple(1u, 1u));
+  const TStyleRef kept = a->Style();
+  EXPECT_EQ(std::tuple(kept->NodeSection, kept->Properties.BracketId, kept->Block.Cache.size()), std::tuple(-1, -1, 0u));
+  EXPECT_EQ(kept->Properties.TagNr, 5);
+  EXPECT_EQ(std::tuple(kept->NodeStyles.size(), kept->RegionStyles.size()), std::tuple(1u, 1u));
   a->ClearStyle(true);
-  EXPECT_TRUE(a->Style().NodeStyles.empty() && a->Style().RegionStyles.empty());
-  EXPECT_EQ(sharer->Style(), ScannedStyle());
+  EXPECT_TRUE(a->Style()->NodeStyles.empty() && a->Style()->RegionStyles.empty());
+  EXPECT_EQ(*sharer->Style(), ScannedStyle());
 }
 
 TEST(LineAttribute, TempTwinsTakeTheFoldDataAndClearWithoutTouchingSelectionFolds) {

@@ -335,13 +335,13 @@ TEST(MemoStrings, RowsShareTheirFreshStateUntilWrittenAndFollowTheStyleSet) {
   TStyle style;
   style.NodeSection = 4;
   store.SetLineStyle(2, style);
-  EXPECT_EQ(store.ReadLineAttribute(2).Style().NodeSection, 4);
-  EXPECT_EQ(store.ReadLineAttribute(0).Style().NodeSection, -1);
+  EXPECT_EQ(store.ReadLineAttribute(2).Style()->NodeSection, 4);
+  EXPECT_EQ(store.ReadLineAttribute(0).Style()->NodeSection, -1);
   TAttributePtr kept = store.ClearLine(2, false);
-  EXPECT_EQ(kept->Style().NodeSection, 4);
+  EXPECT_EQ(kept->Style()->NodeSection, 4);
   EXPECT_EQ(store.GetLineString(2), u"");
   store.SetAt(2, u"again");
-  EXPECT_EQ(store.ReadLineAttribute(2).Style().NodeSection, -1);
+  EXPECT_EQ(store.ReadLineAttribute(2).Style()->NodeSection, -1);
 }
 
 TEST(MemoStrings, EditsWithinRowsUseOneBasedPositions) {

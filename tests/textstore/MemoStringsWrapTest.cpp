@@ -140,7 +140,7 @@ TEST(MemoStringsThread, ReadsFromAnotherThreadSeeWholeRowsWhileTheMainThreadEdit
       const TSharedWideString text = store.GetLineStringFromThread(row);
       const TAttributePtr attribute = store.GetLineAttributeFromThread(row);
       style.NodeSection = round;
-      store.SetLineStyle(row, style);
+      store.SetLineStyleFromThread(row, style);
       int rows = 0;
       const std::u16string line = store.GetUnwrappedLineFromThread(row, rows);
       if (!IsCountingRow(text) || !attribute || !IsCountingRow(line)) ++torn;
