@@ -1,27 +1,23 @@
-// Offsets in the whole text and the rows they fall on.
+// Offsets in the whole text and the rows they fall on, read from the running
+// sums of the rows' lengths.
 
 #include <algorithm>
 
 #include "textstore/OrlMemoStrings.h"
 
 namespace orl {
-namespace {
 
-/// Characters that the ending after a row adds: 2 when the next row starts a real line.
-int EndingLength(const TOrlMemoStrings& store, int row, bool bBinary) {
-  if (bBinary || row + 1 >= store.Count()) return 0;
-  return store.IsLineWrapped(row + 1) ? 0 : 2;
+int64_t TOrlMemoStrings::RowStart(int y, bool bBinary) const {
+  // Each row's sum counts the line end before it when it starts a real line;
+  // the first row has none before it.
+  const auto lineEndBefore = [&](int row) { return bBinary || IsLineWrapped(row) ? 0 : 2; };
+  return Offsets(bBinary).Start(y) + lineEndBefore(y) - lineEndBefore(0);
 }
-
-} // namespace
 
 int64_t TOrlMemoStrings::GetCharPosFromXY(int x, int y) const {
   if (GetCount() == 0) return 0;
-  const bool bBinary = Settings().bBinaryMode;
   y = std::clamp(y, 0, GetCount() - 1);
-  int64_t pos = 0;
-  for (int row = 0; row < y; ++row) pos += GetLineLength(row) + EndingLength(*this, row, bBinary);
-  return pos + std::clamp(x, 0, GetLineLength(y));
+  return RowStart(y, Settings().bBinaryMode) + std::clamp(x, 0, GetLineLength(y));
 }
 
 void TOrlMemoStrings::GetXYFromCharPos(int64_t pos, int& x, int& y, bool bStartFromXY, int64_t nStartPos) const {
@@ -29,19 +25,25 @@ void TOrlMemoStrings::GetXYFromCharPos(int64_t pos, int& x, int& y, bool bStartF
   x = y = 0;
   if (GetCount() == 0) return;
   const bool bBinary = Settings().bBinaryMode;
-  int row = std::clamp(startRow, 0, GetCount() - 1);
-  int64_t rest = pos - (bStartFromXY ? nStartPos : 0);
-  while (row < GetCount() && rest > GetLineLength(row)) {
-    rest -= GetLineLength(row) + EndingLength(*this, row, bBinary);
-    ++row;
+  int lo = std::clamp(startRow, 0, GetCount() - 1);
+  // A walk from the given row and its given offset, whatever that row's real offset.
+  if (bStartFromXY) pos += RowStart(lo, bBinary) - nStartPos;
+  // The first row whose end lies at or past pos; row ends never decrease.
+  int hi = GetCount();
+  while (lo < hi) {
+    const int mid = lo + (hi - lo) / 2;
+    if (RowStart(mid, bBinary) + GetLineLength(mid) < pos)
+      lo = mid + 1;
+    else
+      hi = mid;
   }
-  if (row >= GetCount()) {
+  if (lo >= GetCount()) {
     y = GetCount() - 1;
     x = std::max(GetLineLength(y) - 1, 0);
     return;
   }
-  y = row;
-  x = int(std::max<int64_t>(rest, 0));
+  y = lo;
+  x = int(std::max<int64_t>(pos - RowStart(lo, bBinary), 0));
 }
 
 } // namespace orl
