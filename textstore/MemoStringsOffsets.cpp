@@ -7,11 +7,12 @@
 
 namespace orl {
 
+int TOrlMemoStrings::LineEndBefore(int row, bool bBinary) const { return bBinary || IsLineWrapped(row) ? 0 : 2; }
+
 int64_t TOrlMemoStrings::RowStart(int y, bool bBinary) const {
   // Each row's sum counts the line end before it when it starts a real line;
   // the first row has none before it.
-  const auto lineEndBefore = [&](int row) { return bBinary || IsLineWrapped(row) ? 0 : 2; };
-  return Offsets(bBinary).Start(y) + lineEndBefore(y) - lineEndBefore(0);
+  return Offsets(bBinary).Start(y) + LineEndBefore(y, bBinary) - LineEndBefore(0, bBinary);
 }
 
 int64_t TOrlMemoStrings::GetCharPosFromXY(int x, int y) const {
@@ -25,18 +26,14 @@ void TOrlMemoStrings::GetXYFromCharPos(int64_t pos, int& x, int& y, bool bStartF
   x = y = 0;
   if (GetCount() == 0) return;
   const bool bBinary = Settings().bBinaryMode;
-  int lo = std::clamp(startRow, 0, GetCount() - 1);
+  const int first = std::clamp(startRow, 0, GetCount() - 1);
   // A walk from the given row and its given offset, whatever that row's real offset.
-  if (bStartFromXY) pos += RowStart(lo, bBinary) - nStartPos;
-  // The first row whose end lies at or past pos; row ends never decrease.
-  int hi = GetCount();
-  while (lo < hi) {
-    const int mid = lo + (hi - lo) / 2;
-    if (RowStart(mid, bBinary) + GetLineLength(mid) < pos)
-      lo = mid + 1;
-    else
-      hi = mid;
-  }
+  if (bStartFromXY) pos += RowStart(first, bBinary) - nStartPos;
+  // The walk stops at the first row whose end lies at or past pos. A row's
+  // end is the next row's sum less the first row's line end, so the sums
+  // alone find it.
+  const TRowPartition<int64_t>& offsets = Offsets(bBinary);
+  const int lo = std::max(offsets.LowerBound(pos + LineEndBefore(0, bBinary)) - 1, first);
   if (lo >= GetCount()) {
     y = GetCount() - 1;
     x = std::max(GetLineLength(y) - 1, 0);

@@ -17,8 +17,7 @@ constexpr size_t kMaxRowsToRecheck = 64;
 } // namespace
 
 int64_t TOrlMemoStrings::OffsetValue(int row, bool bBinary) const {
-  const bool bStartsLine = !IsLineWrapped(row);
-  return GetLineLength(row) + (bStartsLine && !bBinary ? 2 : 0);
+  return GetLineLength(row) + LineEndBefore(row, bBinary);
 }
 
 int TOrlMemoStrings::CountValue(TRowCount which, int row) const {

@@ -430,6 +430,8 @@ private:
   int CountValue(TRowCount which, int row) const;
   const TRowPartition<int64_t>& Offsets(bool bBinary) const;
   const TRowPartition<int>& Counts(TRowCount which) const;
+  /// 2 when the row starts a real line, for the line end before it; 0 in binary mode.
+  int LineEndBefore(int row, bool bBinary) const;
   /// Offset of row y's first character.
   int64_t RowStart(int y, bool bBinary) const;
   /// The row's attribute may be written: its counts are re-read before the next question.
