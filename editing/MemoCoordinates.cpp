@@ -95,31 +95,15 @@ TFullPos TOrlCustomMemo::PosFromText(int64_t pos) {
 }
 
 int TOrlCustomMemo::ShownRowsBetween(int from, int to) {
-  TOrlMemoStrings& lines = InternalLines();
-  if (lines.VisibleCount() == lines.Count()) return to - from;
-  const int sign = to < from ? -1 : 1;
-  const int lo = std::max(std::min(from, to), 0);
-  const int hi = std::min(std::max(from, to), lines.Count());
-  int shown = 0;
-  for (int i = lo; i < hi; ++i)
-    if (!lines.GetHiddenLine(i)) ++shown;
-  return sign * shown;
+  if (to < from) return -InternalLines().ShownRowsIn(to, from);
+  return InternalLines().ShownRowsIn(from, to);
 }
 
 int TOrlCustomMemo::StepShownLines(int from, int count) {
   TOrlMemoStrings& lines = InternalLines();
   const int last = std::max(lines.Count() - 1, 0);
-  int line = std::clamp(from, 0, last);
-  if (lines.VisibleCount() == lines.Count() || !FRegionNodes || !FAllowNodes)
-    return std::clamp(line + count, 0, last);
-  const int step = count < 0 ? -1 : 1;
-  for (int passed = 0; passed != count;) {
-    const int next = line + step;
-    if (next < 0 || next > last) break;
-    line = next;
-    if (!lines.GetHiddenLine(line)) passed += step;
-  }
-  return line;
+  if (!FRegionNodes || !FAllowNodes) return std::clamp(std::clamp(from, 0, last) + count, 0, last);
+  return lines.StepShownRows(from, count);
 }
 
 int TOrlCustomMemo::GetRowFromLine(int line) {
@@ -154,20 +138,16 @@ int TOrlCustomMemo::GetRealLine(int line) {
     FRealTopLine = FTopLine;
     return line;
   }
-  // Count the rows that start a real line between the top line, whose real
-  // number is known, and `line`.
+  FRealTopLine = RealLineOfRow(FTopLine);
+  return RealLineOfRow(line);
+}
+
+int TOrlCustomMemo::RealLineOfRow(int line) {
+  // A continuation row belongs to the line its first row starts, and a filler
+  // row to the line before it; rows past the end are one line each.
   TOrlMemoStrings& lines = InternalLines();
-  auto starts = [&](int row) {
-    return row >= lines.Count() || (!lines.IsLineWrapped(row) && lines.ReadLineAttribute(row).Enabled);
-  };
-  int real = FRealTopLine;
-  if (line >= FTopLine) {
-    for (int row = FTopLine + 1; row <= line; ++row)
-      if (starts(row)) ++real;
-  } else {
-    for (int row = FTopLine; row > line; --row)
-      if (starts(row)) --real;
-  }
+  const int inside = std::min(line, lines.Count() - 1);
+  const int real = lines.RowsStartingRealLines(0, inside + 1) - 1 + (line - inside);
   return std::max(real, 0);
 }
 
@@ -192,6 +172,31 @@ void TOrlCustomMemo::GetWrappedPos(int& cx, int& cy) {
     ++row;
   }
   cy = row;
+}
+
+void TOrlCustomMemo::SetWrapped(int index, bool Value) {
+  TOrlMemoStrings& lines = InternalLines();
+  if (index >= 0 && index < lines.Count()) lines.GetLineAttribute(index)->SetWrapped(Value);
+}
+
+int TOrlCustomMemo::GetUnwrappedLine(int line, int& OffsetReal, int& OffsetWrapped) {
+  OffsetReal = OffsetWrapped = 0;
+  if (FHardWrapAtRightMargin || !WrapOn()) return line;
+  TOrlMemoStrings& lines = InternalLines();
+  if (line >= 0 && line < lines.Count()) {
+    const int first = GetWrapStartLine(line);
+    for (int row = first; row < line; ++row) OffsetReal += lines.GetLineLength(row);
+    OffsetWrapped = line - first;
+  }
+  return GetRealLine(line);
+}
+
+int TOrlCustomMemo::FindRealLine(int line, int OffReal, int& OffWrap) {
+  int cx = OffReal;
+  int cy = line;
+  GetWrappedPos(cx, cy);
+  OffWrap = cx;
+  return cy;
 }
 
 } // namespace orl

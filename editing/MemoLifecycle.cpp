@@ -192,7 +192,7 @@ void TOrlCustomMemo::LinesChanged(bool bRedraw, bool bNew, bool SetCaret) {
 
 bool TOrlCustomMemo::Modified() {
   if (FSplitSlave && FSplitMemo) return FSplitMemo->Modified();
-  if (FTextDiffMode && FDiffModeUndoList) return FUndoList->HasUnsavedSteps();
+  // In text-diff mode this is the diff list, the one SetModified writes.
   return InternalUndoList().HasUnsavedSteps();
 }
 
@@ -200,6 +200,7 @@ void TOrlCustomMemo::SetModified(bool Value) {
   if (FSplitSlave && FSplitMemo) return FSplitMemo->SetModified(Value);
   TOrlUndoList& undo = InternalUndoList();
   if (Value) {
+    FNewAtStartup = false;
     if (undo.FSavePosIndex == 0) undo.FSavePosIndex = 100;
     return;
   }

@@ -161,6 +161,51 @@ public:
   void GetWrappedPos(int& cx, int& cy);
   bool IsLineHidden(int line) { return InternalLines().GetHiddenLine(line); }
 
+  // ---- Text access, offsets, real lines, modified state and line history ----
+  /// The store the memo works on, as its published list; assigning copies the lines in.
+  TOrlMemoStrings& MemoLines() { return InternalLines(); }
+  void SetMemoLines(const TElWideStrings& Source);
+  /// The whole text as the offsets count it: CR LF between real lines, none in binary mode.
+  std::u16string MemoText();
+  /// Replaces the text, reusing rows so that unchanged rows keep their marks.
+  void SetMemoText(std::u16string_view Value);
+  /// The row's text; "" for a bad line.
+  std::u16string GetLineText(int line);
+  /// Writes the row as an edit of it; a bad line is ignored.
+  void SetLineText(int line, std::u16string_view Value);
+  /// The selection (bSelection) or the whole text with each real line's own ending.
+  std::u16string GetMixedCRLFText(bool bSelection);
+  /// Client pixel of the left edge of character x in line y, scroll included.
+  TPoint TextPoints(int x, int y);
+  /// Text offsets of the selection's start and of its length.
+  int64_t SelStart();
+  int64_t SelLength();
+  /// An empty selection at the offset, with the caret there.
+  void SetSelStart(int64_t Value);
+  /// Selects Value characters from the selection's start.
+  void SetSelLength(int64_t Value);
+  bool GetWrapped(int index) { return InternalLines().IsLineWrapped(index); }
+  void SetWrapped(int index, bool Value);
+  /// Row `line` as real line: returns its number, with the row's first
+  /// character offset in the real line (OffsetReal) and its distance in rows
+  /// from the line's first row (OffsetWrapped). The row itself, with zero
+  /// offsets, while rows are real lines.
+  int GetUnwrappedLine(int line, int& OffsetReal, int& OffsetWrapped);
+  /// The reverse: the row holding character OffReal of real line `line`, and
+  /// in OffWrap that character's column in the row.
+  int FindRealLine(int line, int OffReal, int& OffWrap);
+  bool ModifiedAndSaved() const { return FModifiedAndSaved; }
+  void SetModifiedAndSaved(bool Value) { FModifiedAndSaved = Value; }
+  bool NewAtStartup() const { return FNewAtStartup; }
+  /// Runs for each row an edit touches: the memo becomes modified and the
+  /// real line's history moves one step (back during an undo).
+  virtual void ChangeLineHistory(int line);
+  /// The text was saved: changed lines show as saved.
+  void Saved();
+  /// Set by the undo engine while it undoes or redoes, for ChangeLineHistory.
+  bool FChangeHistoryUndo = false, FChangeHistoryRedo = false;
+  // ---- end of block ----
+
   // Words.
   bool IsSymbolBoundary(char16_t ch) const;
   static bool CharIsWhiteSpace(char16_t ch, bool bIncludeTab);
@@ -429,6 +474,8 @@ private:
   std::u16string_view PaddedRow(std::u16string_view row, int upTo);
   /// The row laid out as the toolkit shapes it: the trailing edge of character CharX - 1.
   int MeasureComplex(std::u16string_view row, int CharX);
+  /// Real line number of a row, from the store's running counts.
+  int RealLineOfRow(int line);
   /// Shown rows from `from` up to `to` (exclusive), negative when `to` lies above.
   int ShownRowsBetween(int from, int to);
   /// The line `count` shown rows away from `from`, clamped to the store.
@@ -448,6 +495,8 @@ public:
   explicit TOrlMemo(IMemoWindow* window = nullptr, std::u16string szDataFolder = u"");
 
   void LinesChanged(bool bRedraw, bool bNew, bool SetCaret) override;
+  /// Clears the undo list and every row's line history.
+  void ClearUndoRedoAndLineHistory();
 
   bool FDelErase = true, FAddToMRU = true, FShowLineChanges = true, FMonitorLogFileFollowTail = true,
        FTabShouldExpandAbbreviations = true;

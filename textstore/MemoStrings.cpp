@@ -27,11 +27,18 @@ void TOrlMemoStrings::SetUpdateState(bool Updating) {
   FLockCount = Updating ? FLockCount + 1 : std::max(FLockCount - 1, 0);
 }
 
-int TOrlMemoStrings::RealCount() const {
-  if (GetCount() == 0) return 0;
-  // Only a tiny store can hold a text of one line ending.
-  if (GetCount() <= 3 && GetTextStr() == u"\r\n") return 0;
-  return GetCount();
+int TOrlMemoStrings::RealCount() const { return TextIsOneLineEnd() ? 0 : GetCount(); }
+
+bool TOrlMemoStrings::TextIsOneLineEnd() const {
+  // Reads as GetText writes: filler rows give neither text nor ending, and
+  // the walk ends at the first text or the second ending.
+  int lineEnds = 0;
+  for (int row = 0; row < GetCount(); ++row) {
+    if (!ReadLineAttribute(row).Enabled) continue;
+    if (GetLineLength(row) > 0) return false;
+    if (row + 1 < GetCount() && !IsLineWrapped(row + 1) && ++lineEnds > 1) return false;
+  }
+  return lineEnds == 1;
 }
 
 std::u16string_view TOrlMemoStrings::Tabbed(std::u16string_view S, const TMemoStoreSettings& settings) {
@@ -44,7 +51,6 @@ void TOrlMemoStrings::InsertRow(int Index, std::u16string_view S, TAttributePtr 
   if (GetCount() == FCapacity) Grow();
   StoreInsert(Index, 1, [&](size_t) { return TItem{NewText(S), std::move(A)}; });
   ++FVisibleCount;
-  NoteRowsChangedAt(Index);
 }
 
 void TOrlMemoStrings::EraseRows(int Index, int Count) {
@@ -52,7 +58,6 @@ void TOrlMemoStrings::EraseRows(int Index, int Count) {
   for (int i = Index; i < Index + Count; ++i) visible += GetHiddenLine(i) ? 0 : 1;
   StoreErase(Index, Count);
   SubtractVisible(visible);
-  NoteRowsChangedAt(Index);
 }
 
 void TOrlMemoStrings::WriteRow(int Index, std::u16string_view S) {
@@ -61,15 +66,7 @@ void TOrlMemoStrings::WriteRow(int Index, std::u16string_view S) {
     Item(Index).FString = FBulkArena->Make(S);
   else
     Item(Index).FString.Assign(S);
-}
-
-void TOrlMemoStrings::NoteRowsChangedAt(int Index) {
-  if (Index <= FWrapLine) InitSetText();
-}
-
-void TOrlMemoStrings::InitSetText() {
-  FRealLine = 0;
-  FWrapLine = 0;
+  RowsReplaced(Index, 1, 1);
 }
 
 size_t TOrlMemoStrings::AllocatedBytes() const {

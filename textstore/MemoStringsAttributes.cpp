@@ -117,7 +117,9 @@ TTextAttribute* TOrlMemoStrings::ResetNilAttribute() {
 
 TTextAttribute* TOrlMemoStrings::GetLineAttribute(int Index) {
   TTextAttribute* own = ValidIndex(Index) ? OwnAttribute(Index) : nullptr;
-  return own ? own : ResetNilAttribute();
+  if (!own) return ResetNilAttribute();
+  NoteAttributeWrite(Index);
+  return own;
 }
 
 const TTextAttribute& TOrlMemoStrings::ReadLineAttribute(int Index) const {
@@ -136,6 +138,7 @@ void TOrlMemoStrings::SetLineAttribute(int Index, const TTextAttribute& Value) {
   const bool bWasHidden = row->Hidden();
   orl::SetLineAttribute(*row, Value);
   if (row->Hidden() != bWasHidden) FVisibleCount += bWasHidden ? 1 : -1;
+  RowsReplaced(Index, 1, 1);
 }
 
 void TOrlMemoStrings::SetLineStyle(int Index, const TStyle& Value) {
@@ -209,10 +212,13 @@ void TOrlMemoStrings::SetHiddenLine(int index, bool value) {
   if (!ValidIndex(index) || !Item(index).FObject || GetHiddenLine(index) == value) return;
   OwnAttribute(index)->SetValue(lfHidden, value);
   FVisibleCount += value ? -1 : 1;
+  RowsReplaced(index, 1, 1);
 }
 
 void TOrlMemoStrings::SetWrappedFlag(int Index, bool value) {
-  if (ValidIndex(Index) && Item(Index).FObject && IsLineWrapped(Index) != value) OwnAttribute(Index)->SetWrapped(value);
+  if (!ValidIndex(Index) || !Item(Index).FObject || IsLineWrapped(Index) == value) return;
+  OwnAttribute(Index)->SetWrapped(value);
+  RowsReplaced(Index, 1, 1);
 }
 
 void TOrlMemoStrings::ConvertAttributes() {

@@ -77,7 +77,6 @@ void TOrlMemoStrings::PrepareLines(int Index, int nCount) {
   const TAttributePtr fresh = NewRowAttribute();
   StoreInsert(Index, nCount - 1, [&](size_t) { return TItem{TSharedWideString(), fresh}; });
   FVisibleCount += nCount - 1;
-  NoteRowsChangedAt(Index);
 }
 
 void TOrlMemoStrings::Delete(int Index) {
@@ -127,6 +126,7 @@ TAttributePtr TOrlMemoStrings::ClearLine(int index, bool bFreeObject) {
     std::lock_guard lock(FLock);
     Item(index).FString = TSharedWideString();
     dropped = std::move(Item(index).FObject);
+    RowsReplaced(index, 1, 1);
   }
   if (dropped && dropped->Hidden()) ++FVisibleCount;
   if (bFreeObject || !dropped) return nullptr;
@@ -140,7 +140,6 @@ void TOrlMemoStrings::Clear() {
   FCapacity = 16;
   FVisibleCount = 0;
   FIllegalControlCodes = false;
-  InitSetText();
 }
 
 void TOrlMemoStrings::Put(int Index, std::u16string_view S) {
@@ -156,7 +155,9 @@ void TOrlMemoStrings::SetLineString(int Index, std::u16string_view S) {
 
 void TOrlMemoStrings::SetLineBuffer(int Index, std::u16string_view S, int len) {
   SetLineString(Index, S.substr(0, size_t(std::clamp<int>(len, 0, int(S.size())))));
-  if (!FMemo && !ReadLineAttribute(Index).Enabled) OwnAttribute(Index)->Enabled = true;
+  if (FMemo || ReadLineAttribute(Index).Enabled) return;
+  OwnAttribute(Index)->Enabled = true;
+  RowsReplaced(Index, 1, 1);
 }
 
 void TOrlMemoStrings::SetAt(int line, std::u16string_view S) {
@@ -165,7 +166,7 @@ void TOrlMemoStrings::SetAt(int line, std::u16string_view S) {
     std::lock_guard lock(FLock);
     Item(line).FObject = NewRowAttribute();
   }
-  WriteRow(line, S);
+  WriteRow(line, S);  // which re-reads the new attribute's flags too
 }
 
 int TOrlMemoStrings::InsertAt(int line, std::u16string_view S, int index) {
@@ -206,7 +207,6 @@ void TOrlMemoStrings::SwapLines(int IndexA, int IndexB, bool bTriggerChanged) {
   if (!ValidIndex(IndexA) || !ValidIndex(IndexB)) return;
   if (bTriggerChanged) Changing();
   StoreSwap(IndexA, IndexB);
-  NoteRowsChangedAt(std::min(IndexA, IndexB));
   if (bTriggerChanged) Changed();
 }
 

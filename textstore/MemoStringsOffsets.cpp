@@ -1,27 +1,24 @@
-// Offsets in the whole text and the rows they fall on.
+// Offsets in the whole text and the rows they fall on, read from the running
+// sums of the rows' lengths.
 
 #include <algorithm>
 
 #include "textstore/OrlMemoStrings.h"
 
 namespace orl {
-namespace {
 
-/// Characters that the ending after a row adds: 2 when the next row starts a real line.
-int EndingLength(const TOrlMemoStrings& store, int row, bool bBinary) {
-  if (bBinary || row + 1 >= store.Count()) return 0;
-  return store.IsLineWrapped(row + 1) ? 0 : 2;
+int TOrlMemoStrings::LineEndBefore(int row, bool bBinary) const { return bBinary || IsLineWrapped(row) ? 0 : 2; }
+
+int64_t TOrlMemoStrings::RowStart(int y, bool bBinary) const {
+  // Each row's sum counts the line end before it when it starts a real line;
+  // the first row has none before it.
+  return Offsets(bBinary).Start(y) + LineEndBefore(y, bBinary) - LineEndBefore(0, bBinary);
 }
-
-} // namespace
 
 int64_t TOrlMemoStrings::GetCharPosFromXY(int x, int y) const {
   if (GetCount() == 0) return 0;
-  const bool bBinary = Settings().bBinaryMode;
   y = std::clamp(y, 0, GetCount() - 1);
-  int64_t pos = 0;
-  for (int row = 0; row < y; ++row) pos += GetLineLength(row) + EndingLength(*this, row, bBinary);
-  return pos + std::clamp(x, 0, GetLineLength(y));
+  return RowStart(y, Settings().bBinaryMode) + std::clamp(x, 0, GetLineLength(y));
 }
 
 void TOrlMemoStrings::GetXYFromCharPos(int64_t pos, int& x, int& y, bool bStartFromXY, int64_t nStartPos) const {
@@ -29,19 +26,21 @@ void TOrlMemoStrings::GetXYFromCharPos(int64_t pos, int& x, int& y, bool bStartF
   x = y = 0;
   if (GetCount() == 0) return;
   const bool bBinary = Settings().bBinaryMode;
-  int row = std::clamp(startRow, 0, GetCount() - 1);
-  int64_t rest = pos - (bStartFromXY ? nStartPos : 0);
-  while (row < GetCount() && rest > GetLineLength(row)) {
-    rest -= GetLineLength(row) + EndingLength(*this, row, bBinary);
-    ++row;
-  }
-  if (row >= GetCount()) {
+  const int first = std::clamp(startRow, 0, GetCount() - 1);
+  // A walk from the given row and its given offset, whatever that row's real offset.
+  if (bStartFromXY) pos += RowStart(first, bBinary) - nStartPos;
+  // The walk stops at the first row whose end lies at or past pos. A row's
+  // end is the next row's sum less the first row's line end, so the sums
+  // alone find it.
+  const TRowPartition<int64_t>& offsets = Offsets(bBinary);
+  const int lo = std::max(offsets.LowerBound(pos + LineEndBefore(0, bBinary)) - 1, first);
+  if (lo >= GetCount()) {
     y = GetCount() - 1;
     x = std::max(GetLineLength(y) - 1, 0);
     return;
   }
-  y = row;
-  x = int(std::max<int64_t>(rest, 0));
+  y = lo;
+  x = int(std::max<int64_t>(pos - RowStart(lo, bBinary), 0));
 }
 
 } // namespace orl

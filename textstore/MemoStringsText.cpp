@@ -164,7 +164,6 @@ void TOrlMemoStrings::SetText(std::u16string_view value) {
   std::lock_guard lock(FLock);
   const TBulkLoad bulk(*this);
   BeginUpdate();
-  InitSetText();
   TFreshState added = NewRowState(settings);
   added.Flags = 1u << lfChanged;  // new rows are edits of the text as it was
   added.ChangeHistory = 1;

@@ -160,7 +160,6 @@ void TOrlMemoStrings::PutWrappedBuffer(int Index, std::u16string_view S, int x, 
   if (!ValidIndex(Index)) return;
   PutWrappedFirstBuffer(Index, S, x, len);
   SetWrappedFlag(Index, true);
-  NoteRowsChangedAt(Index);
 }
 
 void TOrlMemoStrings::PutWrappedFirstBuffer(int Index, std::u16string_view S, int x, int len) {
@@ -174,24 +173,15 @@ void TOrlMemoStrings::PutWrappedFirstBuffer(int Index, std::u16string_view S, in
 
 int TOrlMemoStrings::GetWrapIndex(int Index) {
   const TMemoStoreSettings settings = Settings();
-  if (!settings.bWrapping || Index <= 0) return Index;
-  int r = FRealLine;
-  int w = FWrapLine;
-  if (w >= GetCount() || IsLineWrapped(w)) r = w = 0;
-  while (r < Index) {
-    if (++w >= GetCount()) {
-      // Past the end every real line is one row.
-      w += Index - r - 1;
-      r = Index;
-      break;
-    }
-    if (!IsLineWrapped(w)) ++r;
-  }
-  while (r > Index && w > 0)
-    if (!IsLineWrapped(--w)) --r;
-  FRealLine = Index;
-  FWrapLine = w;
-  return w;
+  if (!settings.bWrapping || Index <= 0 || GetCount() == 0) return Index;
+  // Row 0 is real line 0 whatever its flag; line n starts at the row where
+  // the n-th later line start is reached.
+  const TRowPartition<int>& starts = Counts(rcLineStarts);
+  const int beforeFirst = starts.Start(1);
+  const int lines = starts.Start(GetCount()) - beforeFirst;
+  // Past the end every real line is one row.
+  if (Index > lines) return GetCount() - 1 + Index - lines;
+  return starts.LowerBound(beforeFirst + Index) - 1;
 }
 
 int TOrlMemoStrings::GetWrappedLineCount(int line) const {

@@ -18,6 +18,7 @@
 //    it, through the ...FromThread functions, and keeps what it read alive by
 //    shared ownership, never by holding the lock.
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,7 @@
 #include "textstore/MemoStringsOwner.h"
 #include "textstore/OrlUniUtils.h"
 #include "textstore/OrlUnicodeStrings.h"
+#include "textstore/RowPartition.h"
 #include "textstore/SysTextType.h"
 #include "textstore/Utf16FileReader.h"
 #include "textstore/WideStringArena.h"
@@ -270,8 +272,15 @@ public:
   int GetWrappedLineCount(int line) const;
   /// Whole text of the real line holding row Index; nLines its rows.
   std::u16string GetUnwrappedLine(int Index, int& nLines) const;
-  /// Forgets the real-line cache; bulk changes call it first.
-  void InitSetText();
+  /// Rows in [from, to) that begin a numbered real line: not Wrapped, and
+  /// Enabled (a filler row of text-diff mode has no number).
+  int RowsStartingRealLines(int from, int to) const;
+  /// Rows in [from, to) that no fold hides.
+  int ShownRowsIn(int from, int to) const;
+  /// The row reached by stepping `count` shown rows from `from` (back when
+  /// negative), each step moving one row and counting it when shown;
+  /// clamped to the store.
+  int StepShownRows(int from, int count) const;
 
   // Text offsets: rows and line ends counted from the top, 2 per real line
   // end whatever the document's endings (none in binary mode).
@@ -331,6 +340,7 @@ public:
 protected:
   void SetUpdateState(bool Updating) override;
   void InsertItem(int Index, std::u16string_view S, TAttributePtr AObject) override;
+  void RowsReplaced(int Index, int Removed, int Added) override;
 
 private:
   /// What tells apart the attributes that rows nobody wrote to share.
@@ -362,6 +372,8 @@ private:
     TWideStringArena FArena;
   };
 
+  /// The whole text is one CR LF.
+  bool TextIsOneLineEnd() const;
   TMemoStoreSettings Settings() const { return FMemo ? FMemo->StoreSettings() : TMemoStoreSettings(); }
   /// S with tabs expanded as the memo wants, in FWST when it changes.
   std::u16string_view Tabbed(std::u16string_view S, const TMemoStoreSettings& settings);
@@ -379,8 +391,8 @@ private:
   void EditRow(int Index, TEdit&& edit) {
     std::lock_guard lock(FLock);
     edit(Item(Index).FString);
+    RowsReplaced(Index, 1, 1);
   }
-  void NoteRowsChangedAt(int Index);
   void SubtractVisible(int rows);
   int CountVisibleRows() const;
 
@@ -441,12 +453,36 @@ private:
   void AppendRange(std::u16string* out, size_t& length, int starty, int endy, int startx, int endx,
                    bool bBinaryMode, bool bOnlyCRLF, bool bHexTextData) const;
 
+  // Running sums over the rows (RowPartition.h). Each is built when first
+  // asked for and from then on follows every change of the rows: texts and
+  // the row array directly, attribute flags through the rows whose attribute
+  // was handed out for writing, which are re-read before the next question.
+  enum TRowCount : uint8_t { rcLineStarts, rcRealLines, rcShown, rcCounts };
+  /// Characters of the row plus 2 for the line end before it, if it starts a real line.
+  int64_t OffsetValue(int row, bool bBinary) const;
+  int CountValue(TRowCount which, int row) const;
+  const TRowPartition<int64_t>& Offsets(bool bBinary) const;
+  const TRowPartition<int>& Counts(TRowCount which) const;
+  /// 2 when the row starts a real line, for the line end before it; 0 in binary mode.
+  int LineEndBefore(int row, bool bBinary) const;
+  /// Offset of row y's first character.
+  int64_t RowStart(int y, bool bBinary) const;
+  /// The row's attribute may be written: its counts are re-read before the next question.
+  void NoteAttributeWrite(int row);
+  void RecheckRows() const;
+  void RecheckRow(int row) const;
+  void DropPartitions() const;
+  bool AnyPartitionBuilt() const;
+
+  mutable TRowPartition<int64_t> FOffsets;
+  mutable bool FOffsetsBinary = false;
+  mutable std::array<TRowPartition<int>, rcCounts> FCounts;
+  mutable std::vector<int> FRowsToRecheck;
+
   IMemoStringsOwner* FMemo;
   std::u16string FWST;  // scratch for tab expansion
   int FLockCount = 0;
   int FVisibleCount = 0;
-  int FRealLine = 0;
-  int FWrapLine = 0;
   TAttributePtr FNilAttribute;
   std::vector<TFreshEntry> FFreshAttributes;
 

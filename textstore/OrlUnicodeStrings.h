@@ -207,19 +207,29 @@ protected:
   void StoreInsert(int Index, int Count, TMake&& make) {
     std::lock_guard lock(FLock);
     FList.InsertN(size_t(Index), size_t(Count), make);
+    RowsReplaced(Index, 0, Count);
   }
   void StoreErase(int Index, int Count) {
     std::lock_guard lock(FLock);
     FList.Erase(size_t(Index), size_t(Count));
+    RowsReplaced(Index, Count, 0);
   }
   void StoreClear() {
     std::lock_guard lock(FLock);
+    const int count = GetCount();
     FList.Clear();
+    RowsReplaced(0, count, 0);
   }
   void StoreSwap(int Index1, int Index2) {
     std::lock_guard lock(FLock);
     std::swap(FList[size_t(Index1)], FList[size_t(Index2)]);
+    RowsReplaced(Index1, 1, 1);
+    RowsReplaced(Index2, 1, 1);
   }
+  /// After every change of the array or of a row's text: `Removed` rows from
+  /// `Index` on were replaced by `Added` others. Lets a derived list keep
+  /// what it derives from the rows.
+  virtual void RowsReplaced(int /*Index*/, int /*Removed*/, int /*Added*/) {}
 
   const TItem& Item(int Index) const { return FList[size_t(Index)]; }
   TItem& Item(int Index) { return FList[size_t(Index)]; }

@@ -47,6 +47,7 @@ void TElWideStringListOf<TSlot>::Put(int Index, std::u16string_view S) {
   {
     std::lock_guard lock(FLock);
     Item(Index).FString.Assign(S);
+    RowsReplaced(Index, 1, 1);
   }
   Changed();
 }
@@ -89,6 +90,8 @@ void TElWideStringListOf<TSlot>::Move(int CurIndex, int NewIndex) {
     TItem moved = std::move(Item(CurIndex));
     FList.Erase(size_t(CurIndex), 1);
     FList.Insert(size_t(NewIndex), std::move(moved));
+    RowsReplaced(CurIndex, 1, 0);
+    RowsReplaced(NewIndex, 0, 1);
   }
   Changed();
 }
@@ -194,6 +197,7 @@ void TElWideStringListOf<TSlot>::CustomSort(const TStringListSortCompare& Compar
   {
     std::lock_guard lock(FLock);
     QuickSort(0, GetCount() - 1, Compare);
+    RowsReplaced(0, GetCount(), GetCount());
   }
   Changed();
 }
