@@ -21,14 +21,15 @@ std::u16string ErrorText(int errorCode) {
   return len > 0 ? std::u16string(buffer, size_t(len)) : u"unknown regular-expression error";
 }
 
-// Shared by all threads: the library only reads a match context during a match.
-pcre2_match_context* LimitedMatchContext() {
-  static pcre2_match_context* const context = [] {
-    pcre2_match_context* c = pcre2_match_context_create(nullptr);
-    pcre2_set_match_limit(c, TRegexPattern::kMatchLimit);
-    return c;
-  }();
-  return context;
+// One per thread, since each match sets its own step limit in it.
+pcre2_match_context* LimitedMatchContext(unsigned steps) {
+  struct TOwner {
+    pcre2_match_context* Context = pcre2_match_context_create(nullptr);
+    ~TOwner() { pcre2_match_context_free(Context); }
+  };
+  thread_local TOwner owner;
+  pcre2_set_match_limit(owner.Context, std::min(steps, TRegexPattern::kMatchLimit));
+  return owner.Context;
 }
 
 // Only the whole match is read, so one offset pair per thread is enough.
@@ -79,25 +80,27 @@ std::unique_ptr<TRegexPattern> TRegexPattern::Compile(std::u16string_view patter
       new TRegexPattern(std::u16string(pattern), std::move(floating), std::move(anchored)));
 }
 
-TRegexMatch TRegexPattern::Find(std::u16string_view subject, size_t start, size_t stop) const {
-  return Run(*FFloating, subject, start, stop);
+TRegexMatch TRegexPattern::Find(std::u16string_view subject, size_t start, size_t stop, unsigned steps) const {
+  return Run(*FFloating, subject, start, stop, steps);
 }
 
-TRegexMatch TRegexPattern::MatchAt(std::u16string_view subject, size_t start, size_t stop) const {
-  return Run(*FAnchored, subject, start, stop);
+TRegexMatch TRegexPattern::MatchAt(std::u16string_view subject, size_t start, size_t stop, unsigned steps) const {
+  return Run(*FAnchored, subject, start, stop, steps);
 }
 
-TRegexMatch TRegexPattern::Run(const TCode& code, std::u16string_view subject, size_t start, size_t stop) {
+TRegexMatch TRegexPattern::Run(const TCode& code, std::u16string_view subject, size_t start, size_t stop,
+                               unsigned steps) {
   TRegexMatch result;
   const size_t end = std::min(stop, subject.size());
   if (start > end) return result;
   pcre2_match_data* data = ThreadMatchData();
   const int rc = pcre2_match(code.Code, reinterpret_cast<PCRE2_SPTR>(subject.data()), end, start, 0, data,
-                             LimitedMatchContext());
+                             LimitedMatchContext(steps));
   if (rc == PCRE2_ERROR_NOMATCH) return result;
   if (rc < 0) {
     result.Status = TRegexStatus::rsError;
     result.Error = ErrorText(rc);
+    result.bLimitHit = rc == PCRE2_ERROR_MATCHLIMIT;
     return result;
   }
   const PCRE2_SIZE* ovector = pcre2_get_ovector_pointer(data);

@@ -11,6 +11,7 @@ namespace orl {
 namespace {
 
 using tok::IsBlank;
+using tok::SameName;
 
 constexpr int kMaxRunLength = 1024;
 constexpr int kBreakLookBack = 20;
@@ -28,12 +29,6 @@ bool IsWordChar(char16_t c) {
 
 bool IsAlphaNumeric(std::u16string_view s) { return std::ranges::all_of(s, IsWordChar); }
 
-/// ASCII-only comparison, for the fixed names a set or block is known by.
-bool SameName(std::u16string_view name, std::u16string_view lowerAscii) {
-  return name.size() == lowerAscii.size() &&
-         std::ranges::equal(name, lowerAscii, [](char16_t a, char16_t b) { return (a | 0x20) == b; });
-}
-
 // The run flags: what one run is, as against the state it stands in.
 constexpr TStylePropertyFlag kRunFlags[] = {spIsSymbol, spIsHexNumber, spIsKeyword, spIsNumber, spIsTagWord,
                                             spStringOpened, spStringClosed};
@@ -44,7 +39,7 @@ class TColourPass {
 public:
   TColourPass(TLineTokeniser& owner, const TOrlCustomMemoStyles& styles, const tok::TSetClasses& classes,
               std::u16string_view row, const TStyle& start, ITokenRunSink& sink)
-      : Host(owner.FHost), S(styles), C(classes), R(styles, classes, owner.FHost, tok::spassColour), L(row),
+      : Host(owner.FHost), S(styles), C(classes), R(styles, classes, owner.FHost, tok::spassColour, row.size()), L(row),
         W(start), Sink(sink), bHtml(owner.FSlots.FHtml), bXml(owner.FSlots.XML),
         bKeywordCase(owner.FSlots.CaseSensitive) {}
 
@@ -84,7 +79,6 @@ private:
   bool KeywordStep(int wordLength);
   bool NumberStep();
   void WordRun();
-  void PopBlock();
 
   ITokeniserHost& Host;
   const TOrlCustomMemoStyles& S;
@@ -169,6 +163,10 @@ void TColourPass::Run() {
   if (W.Block.Id > int(S.FBlocks.size()) || W.Block.Id == 0) W.Block.Id = -1;
   int passesHere = 0, lastPass = 0;
   while (p <= L.Len) {
+    if (R.BudgetSpent()) {
+      EmitTo(L.Len + 1, Base());
+      break;
+    }
     // Every recogniser moves p or changes the state; this only guards against a rule that does neither.
     if (p == lastPass && ++passesHere > 8) EmitTo(p + 1, Base());
     if (p != lastPass) passesHere = 0;
@@ -233,7 +231,8 @@ bool TColourPass::CommentStep() {
   int end = 0;
   for (int q = p; q <= L.Len && end == 0; ++q) {
     if (!bStyleB && S.FAllowNestedComments && L.MatchAt(q, S.FCommentStartA, bKeywordCase)) {
-      ++W.Properties.NestedCommentIndex;
+      int8_t& depth = W.Properties.NestedCommentIndex;
+      depth = int8_t(std::min(depth + 1, tok::kMaxCommentNesting));
       q += int(S.FCommentStartA.size()) - 1;
     } else if (L.MatchAt(q, endMark, bKeywordCase) &&
                (bStyleB || !S.FAllowNestedComments || --W.Properties.NestedCommentIndex <= 0)) {
@@ -283,10 +282,10 @@ bool TColourPass::TextBetweenTags() {
   if (Host.IsDefault() || S.FAllowHighlightBetweenTags || L.At(p) == u'<' || F(spInScript) || F(spInTag) ||
       F(spInComment) || InString() || W.Block.Id != -1)
     return false;
-  const int tag = L.Find(p, u"<");
+  const int tag = R.NextChar(L, p, u'<');
   const int block = S.FBlocks.empty() ? 0 : R.NextBlockStart(L, p);
   int end = tag && block ? std::min(tag, block) : std::max(tag, block);
-  if (end == 0) end = L.Find(p, u">") ? L.Find(p, u">") + 1 : L.Len + 1;
+  if (end == 0) end = R.NextChar(L, p, u'>') ? R.NextChar(L, p, u'>') + 1 : L.Len + 1;
   if (end == p) return false;
   while (p < end) {
     const size_t found = L.S.substr(0, size_t(end - 1)).find(u'&', size_t(p - 1));
@@ -312,22 +311,12 @@ bool TColourPass::HereDoc() {
     if (bEnds) W.Block.Id = -1;
     return true;
   }
-  if (S.FHereDocSymbol.empty() || InLiveBlock() || InString() || (bHtml && !F(spInScript)) ||
+  if (!R.HereDocsIn(W.Properties.ScriptType) || InLiveBlock() || InString() || (bHtml && !F(spInScript)) ||
       !L.MatchAt(p, S.FHereDocSymbol))
     return false;
   W.Block.Id = -2;
   EmitTo(L.Len + 1, Base());
   return true;
-}
-
-void TColourPass::PopBlock() {
-  W.Block.Force = W.Block.IsLine = false;
-  if (W.Block.Cache.empty()) {
-    W.Block.Id = -1;
-    return;
-  }
-  W.Block.Id = W.Block.Cache.back();
-  W.Block.Cache.pop_back();
 }
 
 bool TColourPass::BlockStep() {
@@ -339,14 +328,14 @@ bool TColourPass::BlockStep() {
     int length = 0;
     const int at = live->Stop.empty() ? R.OpenBlockEnd(L, p) : R.FindBlockStop(*live, L, p, length);
     EmitTo(at ? at + length : L.Len + 1, Base());
-    if (at) PopBlock();
+    if (at) tok::PopBlock(W.Block);
     return true;
   }
   if (R.BlockStopAt(*live, L, p) == 0) return false;
   int length = 0;
   const int at = R.FindBlockStop(*live, L, p, length);  // the last of overlapping ends
   EmitTo(at + length, Base());
-  PopBlock();
+  tok::PopBlock(W.Block);
   return true;
 }
 
@@ -359,8 +348,7 @@ bool TColourPass::OpenBlock() {
   if (nr == 0 || (live && R.BlockStopAt(*live, L, p) > 0)) return false;
   if (p > 1 && !S.FBlockEsc.empty() && !live && L.At(p - 1) == S.FBlockEsc[0]) return false;
   const TBlock& block = *S.FBlocks[size_t(nr - 1)];
-  if (live) W.Block.Cache.push_back(W.Block.Id);
-  W.Block.Id = int8_t(nr);
+  tok::PushBlock(W.Block, int8_t(nr));
   W.Block.Force = block.Stop.empty() || block.ForceColor;
   if (!W.Block.Force) {
     EmitTo(p + length, Base());
@@ -373,7 +361,7 @@ bool TColourPass::OpenBlock() {
   const int at = block.Stop.empty() ? R.OpenBlockEnd(L, p) : R.FindBlockStop(block, L, p, stopLength);
   p = from;
   EmitTo(at ? at + stopLength : L.Len + 1, Base());
-  if (at) PopBlock();
+  if (at) tok::PopBlock(W.Block);
   return true;
 }
 
@@ -515,9 +503,7 @@ bool TColourPass::NumberStep() {
     ++q;
   if (q == p || (q == p + 1 && std::u16string_view(u"*+,-./").find(first) != std::u16string_view::npos)) return false;
   if (bHex) {
-    if (q == p + int(C.FtmpNoHex.size()) || (q <= L.Len && !(IsSpaceLike(L.At(q)) || C.Symbols.Has(L.At(q)) ||
-                                                             L.At(q) == u'\'' || L.At(q) == u'"')))
-      return false;
+    if (q == p + int(C.FtmpNoHex.size()) || (q <= L.Len && !C.IsSymbolBoundary(L.At(q)))) return false;
     EmitRun(q, spIsHexNumber, -1);
     return true;
   }

@@ -1,6 +1,7 @@
 #include "syntax/TokeniserMatch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orl::tok {
 
@@ -23,6 +24,22 @@ bool IsOpenBlockChar(char16_t c) {
 }
 
 } // namespace
+
+void PushBlock(TBlockStyle& block, int8_t nr) {
+  // Past the limit the interrupted block is forgotten: its end then ends the outer one.
+  if (block.Id > 0 && block.Cache.size() < kMaxBlockNesting) block.Cache.push_back(block.Id);
+  block.Id = nr;
+}
+
+void PopBlock(TBlockStyle& block) {
+  block.Force = block.IsLine = false;
+  if (block.Cache.empty()) {
+    block.Id = -1;
+    return;
+  }
+  block.Id = block.Cache.back();
+  block.Cache.pop_back();
+}
 
 void TCharSet::Add(std::u16string_view chars) {
   for (char16_t c : chars) {
@@ -56,15 +73,28 @@ int TLineText::FindNoCase(int p, std::u16string_view d) const {
   return 0;
 }
 
+int TLineText::FindLastNoCase(std::u16string_view d) const {
+  for (int q = Len - int(d.size()) + 1; q >= 1; --q)
+    if (MatchAtNoCase(q, d)) return q;
+  return 0;
+}
+
 int TLineText::SkipBlanks(int p) const {
   while (p <= Len && IsBlank(At(p))) ++p;
   return p;
 }
 
-bool TLineText::OnlyBlanksBefore(int p, bool bMiddleDot) const {
-  for (int q = 1; q < p; ++q)
-    if (!IsBlank(At(q)) && !(bMiddleDot && At(q) == kMiddleDot)) return false;
-  return true;
+int TLineText::FirstNonBlank() const {
+  if (FFirstNonBlank == 0) FFirstNonBlank = SkipBlanks(1);
+  return FFirstNonBlank;
+}
+
+bool TLineText::OnlyBlanksBefore(int p) const {
+  if (FFirstNonLead == 0) {
+    FFirstNonLead = 1;
+    while (FFirstNonLead <= Len && (IsBlank(At(FFirstNonLead)) || At(FFirstNonLead) == kMiddleDot)) ++FFirstNonLead;
+  }
+  return p <= FFirstNonLead;
 }
 
 int TLineText::BlockMatchAt(int p, std::u16string_view d) const {
@@ -114,11 +144,38 @@ bool TScanRules::IsEscaped(const TLineText& line, int p, bool bStringOpen) const
   return count % 2 == 1;
 }
 
-int TScanRules::FindStringEnd(const TLineText& line, int p, char16_t d, bool bVerbatim, bool bStringOpen) const {
-  for (int q = std::max(p, 1); q <= line.Len; ++q) {
-    if (line.At(q) == d && (bVerbatim || !IsEscaped(line, q, bStringOpen))) return q;
+template <typename TSearch>
+int TScanRules::Remembered(TFound& memo, uintptr_t key, int p, int& length, TSearch search) const {
+  if (!memo.Covers(p, key)) {
+    const int at = search(p, length);
+    memo = {std::max(p, 1), at, at > 0 ? length : 0, key};
   }
-  return 0;
+  length = memo.Length;
+  return memo.At;
+}
+
+TScanRules::TFound& TScanRules::BlockMemo(std::vector<TFound>& memos, size_t index) const {
+  if (memos.empty()) memos.resize(Styles.FBlocks.size());
+  return memos[index];
+}
+
+int TScanRules::NextChar(const TLineText& line, int p, char16_t c) const {
+  int length = 0;
+  return Remembered(FNextChar[c == u'<' ? 0 : 1], c, p, length, [&](int from, int& len) {
+    len = 1;
+    return line.Find(from, std::u16string_view(&c, 1));
+  });
+}
+
+int TScanRules::FindStringEnd(const TLineText& line, int p, char16_t d, bool bVerbatim, bool bStringOpen) const {
+  int length = 0;
+  const uintptr_t key = (uintptr_t(d) << 2) | (bVerbatim ? 2 : 0) | (bStringOpen ? 1 : 0);
+  return Remembered(FStringEnd[bVerbatim ? 1 : 0], key, p, length, [&](int from, int& len) {
+    len = 1;
+    for (int q = std::max(from, 1); q <= line.Len; ++q)
+      if (line.At(q) == d && (bVerbatim || !IsEscaped(line, q, bStringOpen))) return q;
+    return 0;
+  });
 }
 
 bool TScanRules::EscapePairAt(const TLineText& line, int p, bool bInString) const {
@@ -138,7 +195,7 @@ bool TScanRules::CommentsUsable() const {
 int TScanRules::LineCommentAt(const TLineText& line, int p, bool bCase) const {
   auto tryList = [&](std::u16string_view list, int firstChar) {
     if (firstChar == 2 && p != 1) return 0;
-    if (firstChar == 1 && !line.OnlyBlanksBefore(p, true)) return 0;
+    if (firstChar == 1 && !line.OnlyBlanksBefore(p)) return 0;
     for (size_t from = 0; from <= list.size();) {
       const size_t bar = std::min(list.find(u'|', from), list.size());
       const std::u16string_view alt = list.substr(from, bar - from);
@@ -164,11 +221,17 @@ void TScanRules::Report(TRegexStep step, const std::u16string& message) const {
   Host.DebugWrite(std::u16string(tag) + message, true);
 }
 
+void TScanRules::Check(TRegexStep step, const TRegexMatch& m) const {
+  if (m.Status == TRegexStatus::rsError) Report(step, m.Error);
+  if (FBudget.Spent() && !std::exchange(bBudgetReported, true))
+    Report(step, u"the line's budget of regular-expression steps is spent; its scan ends here");
+}
+
 int TScanRules::PatternAt(const TRegexPattern* pattern, const TLineText& line, int p, TRegexStep step) const {
   // A line no longer than the expression's text is taken not to match.
   if (!pattern || p < 1 || p > line.Len || line.Len <= int(pattern->Source().size())) return 0;
-  const TRegexMatch m = pattern->MatchAt(line.S, size_t(p - 1), line.S.size());
-  if (m.Status == TRegexStatus::rsError) Report(step, m.Error);
+  const TRegexMatch m = FBudget.MatchAt(*pattern, line.S, size_t(p - 1), line.S.size());
+  Check(step, m);
   return m.Found() ? int(m.Length) : 0;
 }
 
@@ -176,8 +239,8 @@ int TScanRules::PatternFind(const TRegexPattern* pattern, const TLineText& line,
                             TRegexStep step) const {
   length = 0;
   if (!pattern || p < 1 || p > line.Len) return 0;
-  const TRegexMatch m = pattern->Find(line.S, size_t(p - 1), line.S.size());
-  if (m.Status == TRegexStatus::rsError) Report(step, m.Error);
+  const TRegexMatch m = FBudget.Find(*pattern, line.S, size_t(p - 1), line.S.size());
+  Check(step, m);
   if (!m.Found()) return 0;
   length = int(m.Length);
   return int(m.Start) + 1;
@@ -208,13 +271,9 @@ int TScanRules::BlockStopAt(const TBlock& block, const TLineText& line, int p) c
 }
 
 int TScanRules::FindBlockStop(const TBlock& block, const TLineText& line, int p, int& length) const {
-  if (FNextStop.Covers(p, &block)) {
-    length = FNextStop.Length;
-    return FNextStop.At;
-  }
-  const int at = SearchBlockStop(block, line, p, length);
-  FNextStop = {std::max(p, 1), at, length, &block};
-  return at;
+  const auto it = std::ranges::find_if(Styles.FBlocks, [&](const auto& b) { return b.get() == &block; });
+  return Remembered(BlockMemo(FNextStops, size_t(it - Styles.FBlocks.begin())), uintptr_t(&block), p, length,
+                    [&](int from, int& len) { return SearchBlockStop(block, line, from, len); });
 }
 
 int TScanRules::SearchBlockStop(const TBlock& block, const TLineText& line, int p, int& length) const {
@@ -230,18 +289,13 @@ int TScanRules::SearchBlockStop(const TBlock& block, const TLineText& line, int 
 int TScanRules::NextBlockStart(const TLineText& line, int p) const {
   int nearest = 0;
   for (size_t i = 0; i < Styles.FBlocks.size(); ++i) {
-    const TBlock& block = *Styles.FBlocks[i];
-    TFound* known = i < kRememberedBlocks ? &FNextStarts[i] : nullptr;
-    int at = 0;
-    if (known && known->Covers(p, &block)) {
-      at = known->At;
-    } else {
-      int length = 0;
-      at = block.IsRegEx() ? PatternFind(block.StartPattern.get(), line, p, length, rxNextStart)
-                           : line.BlockFind(p, block.Start, length);
-      if (length == 0) at = 0;
-      if (known) *known = {std::max(p, 1), at, length, &block};
-    }
+    const TBlock* block = Styles.FBlocks[i].get();
+    int length = 0;
+    const int at = Remembered(BlockMemo(FNextStarts, i), uintptr_t(block), p, length, [&](int from, int& len) {
+      const int found = block->IsRegEx() ? PatternFind(block->StartPattern.get(), line, from, len, rxNextStart)
+                                         : line.BlockFind(from, block->Start, len);
+      return len > 0 ? found : 0;
+    });
     if (at > 0 && (nearest == 0 || at < nearest)) nearest = at;
   }
   return nearest;
@@ -257,14 +311,23 @@ int TScanRules::OpenBlockEnd(const TLineText& line, int p) const {
   return q;
 }
 
+bool SameName(std::u16string_view name, std::u16string_view lowerAscii) {
+  return name.size() == lowerAscii.size() &&
+         std::ranges::equal(name, lowerAscii, [](char16_t a, char16_t b) { return (a | 0x20) == b; });
+}
+
+bool TScanRules::HereDocsIn(TScriptType type) const {
+  return !Styles.FHereDocSymbol.empty() && (type == scPHP || SameName(Styles.FSyntaxName, u"php"));
+}
+
 bool TScanRules::UrlSchemeAt(const TLineText& line, int p) {
   return std::ranges::any_of(kUrlSchemes, [&](std::u16string_view s) { return line.MatchAt(p, s); });
 }
 
 int TScanRules::KeywordPatternAt(const TKeyWord& group, const TLineText& line, int p) const {
   if (!group.Pattern || p < 1 || p > line.Len) return 0;
-  const TRegexMatch m = group.Pattern->MatchAt(line.S, size_t(p - 1), line.S.size());
-  if (m.Status == TRegexStatus::rsError) Report(rxKeyword, m.Error);
+  const TRegexMatch m = FBudget.MatchAt(*group.Pattern, line.S, size_t(p - 1), line.S.size());
+  Check(rxKeyword, m);
   return m.Found() ? int(m.Length) : 0;
 }
 

@@ -4,18 +4,33 @@
 // string and comment tests that must answer the same in the state pass and
 // the colouring pass. Nothing here copies the line.
 
-#include <array>
 #include <bitset>
+#include <limits>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "syntax/OrlMemoStyles.h"
+#include "syntax/RegexBudget.h"
 #include "syntax/TokeniserHost.h"
 
 namespace orl::tok {
 
 constexpr char16_t kMiddleDot = 183;
 constexpr char16_t kNoBreakSpace = 160;
+
+// Nesting is counted as deep as the stored counters reach, the same in both
+// passes, so that the state a line ends in and its colours agree.
+constexpr int kMaxCommentNesting = std::numeric_limits<decltype(TStyleProperties::NestedCommentIndex)>::max();
+constexpr size_t kMaxBlockNesting = size_t(std::numeric_limits<decltype(TBlockStyle::Id)>::max());
+
+/// Opens block `nr`, remembering the one it interrupts while the nesting limit allows.
+void PushBlock(TBlockStyle& block, int8_t nr);
+/// Ends the live block: the one it interrupted goes on, else none.
+void PopBlock(TBlockStyle& block);
+
+/// ASCII-only comparison, for the fixed names a set or block is known by.
+bool SameName(std::u16string_view name, std::u16string_view lowerAscii);
 
 inline bool IsBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 inline char16_t UpperAscii(char16_t c) { return c >= u'a' && c <= u'z' ? char16_t(c - 32) : c; }
@@ -47,11 +62,15 @@ public:
   /// Position of `d` at or behind p, exact case; 0 for none.
   int Find(int p, std::u16string_view d) const;
   int FindNoCase(int p, std::u16string_view d) const;
+  /// Position of the last `d` in the line, any case; 0 for none.
+  int FindLastNoCase(std::u16string_view d) const;
   int Find(int p, std::u16string_view d, bool bCase) const { return bCase ? Find(p, d) : FindNoCase(p, d); }
   /// p moved over blanks and tabs.
   int SkipBlanks(int p) const;
-  /// Only blanks and tabs (and with bMiddleDot the middle dot) stand before p.
-  bool OnlyBlanksBefore(int p, bool bMiddleDot) const;
+  /// The first character that is no blank or tab (Len + 1 for none).
+  int FirstNonBlank() const;
+  /// Only blanks, tabs and middle dots stand before p.
+  bool OnlyBlanksBefore(int p) const;
   /// A block delimiter at p: its leading blanks must stand right before p.
   /// The length matched at p, 0 for none.
   int BlockMatchAt(int p, std::u16string_view d) const;
@@ -60,6 +79,10 @@ public:
 
   std::u16string_view S;
   int Len;
+
+private:
+  // Found once per line: rules ask at many positions.
+  mutable int FFirstNonBlank = 0, FFirstNonLead = 0;
 };
 
 /// Which pass a regular-expression error is reported for.
@@ -76,13 +99,18 @@ struct TSetClasses {
   TCharSet NumericChars;  // FNumericChars as written
 
   void Refresh(const TOrlCustomMemoStyles& styles);
+  /// A character of the symbols, blank, tab, "'" or the middle dot.
+  bool IsSymbolBoundary(char16_t c) const { return IsBlank(c) || c == u'\'' || c == kMiddleDot || Symbols.Has(c); }
 };
 
-/// The recognisers over one style set; cheap to make per scan.
+/// The recognisers over one style set for one line; cheap to make per scan.
+/// Searches forward are remembered, so that asking again at every stop of a
+/// long line stays linear in its length.
 class TScanRules {
 public:
-  TScanRules(const TOrlCustomMemoStyles& styles, const TSetClasses& classes, ITokeniserHost& host, TScanPass pass)
-      : Styles(styles), Classes(classes), Host(host), Pass(pass) {}
+  TScanRules(const TOrlCustomMemoStyles& styles, const TSetClasses& classes, ITokeniserHost& host, TScanPass pass,
+             size_t lineLength)
+      : Styles(styles), Classes(classes), Host(host), Pass(pass), FBudget(lineLength) {}
 
   /// Delimiter 0 is FCharSymbol, 1 FStringSymbol (the digit "1" stands for the double quote).
   char16_t Delimiter(int id) const;
@@ -91,6 +119,8 @@ public:
   bool IsEscaped(const TLineText& line, int p, bool bStringOpen) const;
   /// The delimiter `d` at or behind p that is not escaped (unless bVerbatim); 0 for none.
   int FindStringEnd(const TLineText& line, int p, char16_t d, bool bVerbatim, bool bStringOpen) const;
+  /// The next `c` at or behind p; 0 for none.
+  int NextChar(const TLineText& line, int p, char16_t c) const;
   /// An escape pair at p outside a string (two characters), as the state pass skips it.
   bool EscapePairAt(const TLineText& line, int p, bool bInString) const;
 
@@ -109,11 +139,15 @@ public:
   int NextBlockStart(const TLineText& line, int p) const;
   /// Where a block without Stop ends, at or behind p.
   int OpenBlockEnd(const TLineText& line, int p) const;
+  /// Here-documents open in PHP code only: a PHP island, or a set named PHP.
+  bool HereDocsIn(TScriptType type) const;
   /// The start of a line: a URL scheme at p.
   static bool UrlSchemeAt(const TLineText& line, int p);
 
   /// A regular-expression group of `group` matching at p, its length or 0.
   int KeywordPatternAt(const TKeyWord& group, const TLineText& line, int p) const;
+  /// The line's regular-expression budget is spent: the scan ends the line where it stands.
+  bool BudgetSpent() const { return FBudget.Spent(); }
 
   const TOrlCustomMemoStyles& Styles;
   const TSetClasses& Classes;
@@ -124,6 +158,8 @@ private:
   enum TRegexStep : uint8_t { rxFindStop, rxNextStart, rxStart, rxStop, rxKeyword };
   /// Reports a failed match on OnDebugWrite under the step's tag.
   void Report(TRegexStep step, const std::u16string& message) const;
+  /// Reports a match's error, or once that the budget ran out.
+  void Check(TRegexStep step, const TRegexMatch& m) const;
   int PatternAt(const TRegexPattern* pattern, const TLineText& line, int p, TRegexStep step) const;
   int PatternFind(const TRegexPattern* pattern, const TLineText& line, int p, int& length, TRegexStep step) const;
   bool BlockStartPasses(const TBlock& block, const TLineText& line, int p) const;
@@ -134,13 +170,19 @@ private:
     int From = 0;  // 0: nothing known
     int At = 0;
     int Length = 0;
-    const void* Key = nullptr;  // what was searched for
-    bool Covers(int p, const void* key) const { return From > 0 && Key == key && From <= p && (At == 0 || At >= p); }
+    uintptr_t Key = 0;  // what was searched for
+    bool Covers(int p, uintptr_t key) const { return From > 0 && Key == key && From <= p && (At == 0 || At >= p); }
   };
-  // Text jumps ask again at every stop; remembering each block's answer keeps a long row linear.
-  static constexpr size_t kRememberedBlocks = 16;
-  mutable std::array<TFound, kRememberedBlocks> FNextStarts;
-  mutable TFound FNextStop;
+  /// The answer of `search` (from p, length out) through `memo`.
+  template <typename TSearch>
+  int Remembered(TFound& memo, uintptr_t key, int p, int& length, TSearch search) const;
+  /// The memo of the block at `index` in `memos`, made on first use.
+  TFound& BlockMemo(std::vector<TFound>& memos, size_t index) const;
+
+  mutable TRegexBudget FBudget;
+  mutable bool bBudgetReported = false;
+  mutable std::vector<TFound> FNextStarts, FNextStops;  // per block
+  mutable TFound FNextChar[2], FStringEnd[2];
 };
 
 } // namespace orl::tok

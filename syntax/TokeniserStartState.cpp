@@ -22,19 +22,11 @@ bool UrlReachesEnd(const tok::TLineText& row, int from) {
   return true;
 }
 
-// The last URL start of the row, 0 for none.
+// The last URL start of the row, 0 for none: the last place where any scheme starts.
 int LastUrlStart(const tok::TLineText& row) {
   int last = 0;
-  for (int p = 1;;) {
-    int nearest = 0;
-    for (std::u16string_view scheme : kUrlStarts) {
-      const int at = row.FindNoCase(p, scheme);
-      if (at > 0 && (nearest == 0 || at < nearest)) nearest = at;
-    }
-    if (nearest == 0) return last;
-    last = nearest;
-    p = nearest + 1;
-  }
+  for (std::u16string_view scheme : kUrlStarts) last = std::max(last, row.FindLastNoCase(scheme));
+  return last;
 }
 
 } // namespace

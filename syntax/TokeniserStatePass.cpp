@@ -20,9 +20,6 @@ enum TStep : uint8_t { stNothing, stContinue, stEndLine };
 constexpr int kMaxPassesAtOnePosition = 8;
 // The fold stack is at most 30 deep; the indent command closes at most that many.
 constexpr int kMaxIndentCloses = 31;
-// Nesting deeper than this is counted no further.
-constexpr int kMaxNesting = 100;
-constexpr size_t kMaxBlockNesting = 64;
 
 bool InWordClass(char16_t c) {
   return IsBlank(c) || (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_' ||
@@ -47,7 +44,7 @@ class TStatePass {
 public:
   TStatePass(TLineTokeniser& owner, const TOrlCustomMemoStyles& styles, const tok::TSetClasses& classes, int LineNo,
              std::u16string_view text, TTextAttribute* attribute, bool bCheckFolding, bool bCheckSpelling, bool bThread)
-      : T(owner), Host(owner.FHost), S(styles), R(styles, classes, owner.FHost, tok::spassState), L(text),
+      : T(owner), Host(owner.FHost), S(styles), R(styles, classes, owner.FHost, tok::spassState, text.size()), L(text),
         LineNo(LineNo), A(attribute), FA(attribute ? attribute->AsAttribute() : nullptr), bWhole(attribute != nullptr),
         bCheckFolding(bCheckFolding), bCheckSpelling(bCheckSpelling), bThread(bThread), bHtml(owner.FSlots.FHtml),
         bXml(owner.FSlots.XML) {}
@@ -104,7 +101,6 @@ private:
   TStep BlockStep();
   TStep BlockOpen();
   TStep BlockClose();
-  void PopBlock();
   TStep StringStep();
   TStep CloseString(int at);
   TStep StringRunsOn();
@@ -123,6 +119,7 @@ private:
   TStyle W;  // the working state; written back only when the scan ends normally
   int p = 1;
   int lastRegion = 0, lastBrace = 0, lastComment = 0, lastFold = 0, lastTag = 0, lastBlock = 0, lastString = 0;
+  int todoNoneFrom = 0;  // no to-do word stands at or behind this position
 };
 
 void TStatePass::Spell(int x, int len) {
@@ -140,14 +137,16 @@ void TStatePass::Brace() {
 }
 
 void TStatePass::NoteTodo(int from) {
-  if (!bThread || !bWhole) return;
+  // Each comment of a line asks; one search to the line's end answers for all later ones.
+  if (!bThread || !bWhole || A->TodoItem() || (todoNoneFrom > 0 && from >= todoNoneFrom)) return;
   for (std::u16string_view word : kTodoWords)
     if (L.Find(from, word)) A->SetTodoItem(true);
+  if (!A->TodoItem()) todoNoneFrom = from;
 }
 
 void TStatePass::NoteTodoAtLineStart() {
   if (!bThread || !bWhole || A->TodoItem()) return;
-  const int first = L.SkipBlanks(1);
+  const int first = L.FirstNonBlank();
   if (first < p) return;
   for (std::u16string_view word : kTodoWords)
     if (L.MatchAt(first, word)) A->SetTodoItem(true);
@@ -220,6 +219,7 @@ bool TStatePass::Loop() {
   int passesHere = 0, lastPass = 0;
   while (true) {
     if (Halted()) return false;
+    if (R.BudgetSpent()) break;
     if (p != lastPass) {
       lastPass = p;
       passesHere = 0;
@@ -281,10 +281,7 @@ void TStatePass::EndOfLine(int8_t startTagNr) {
     F(spInLineComment, false);
     F(spStringOnLine, false);
     W.Block.IsLine = false;
-    if (InLiveBlock() && LiveBlock().LineBlock) {
-      W.Block.Force = false;
-      PopBlock();
-    }
+    if (InLiveBlock() && LiveBlock().LineBlock) tok::PopBlock(W.Block);
   }
   if (!F(spInTag)) W.Properties.TagNr = startTagNr;
   if (InLiveBlock()) {
@@ -318,7 +315,7 @@ bool TStatePass::IsMarkupText(bool bBlockTest) const {
 int TStatePass::MarkupJumpTarget() const {
   int length = 0;
   // Inside an open block its end is of interest too, or the jump would pass it.
-  const int targets[] = {L.Find(p, u"<"), S.FBlocks.empty() ? 0 : R.NextBlockStart(L, p),
+  const int targets[] = {R.NextChar(L, p, u'<'), S.FBlocks.empty() ? 0 : R.NextBlockStart(L, p),
                          InLiveBlock() ? R.FindBlockStop(LiveBlock(), L, p, length) : 0};
   int nearest = 0;
   for (int at : targets)
@@ -394,10 +391,14 @@ TStep TStatePass::CloseComment(int at, int length) {
 TStep TStatePass::NestingWalk() {
   const int startLength = int(S.FCommentStartA.size()), endLength = int(S.FCommentEndA.size());
   int8_t& depth = W.Properties.NestedCommentIndex;
+  // The next opener and closer are searched for again only once p passed them,
+  // so that a line of openers costs one walk, not one walk per opener.
+  int start = L.Find(p, S.FCommentStartA), end = L.Find(p, S.FCommentEndA);
   while (!Halted()) {
-    const int start = L.Find(p, S.FCommentStartA), end = L.Find(p, S.FCommentEndA);
+    if (start > 0 && start < p) start = L.Find(p, S.FCommentStartA);
+    if (end > 0 && end < p) end = L.Find(p, S.FCommentEndA);
     if (start > 0 && (end == 0 || start < end)) {
-      depth = int8_t(std::min(depth + 1, kMaxNesting));
+      depth = int8_t(std::min(depth + 1, tok::kMaxCommentNesting));
       p = start + startLength;
       continue;
     }
@@ -481,7 +482,8 @@ void TStatePass::WalkTag(bool& bClosedTag) {
 }
 
 bool TStatePass::HereDocStep() {
-  if (S.FHereDocSymbol.empty() || F(spInLineComment) || F(spInComment) || (bHtml && !F(spInScript))) return false;
+  if (!R.HereDocsIn(W.Properties.ScriptType) || F(spInLineComment) || F(spInComment) || (bHtml && !F(spInScript)))
+    return false;
   TBlockStyle& block = W.Block;
   if (InHereDoc() && !block.HereDocString.empty()) {
     if (!L.MatchAt(p, block.HereDocString)) return false;
@@ -538,24 +540,12 @@ TStep TStatePass::BlockOpen() {
   const bool bEscaped = p > 1 && !S.FBlockEsc.empty() && !InLiveBlock() && L.At(p - 1) == S.FBlockEsc[0];
   if (!bEscaped) {
     block.IsLine = opened.LineBlock;
-    if (InLiveBlock() && block.Cache.size() < kMaxBlockNesting) block.Cache.push_back(block.Id);
-    block.Id = int8_t(nr);
+    tok::PushBlock(block, int8_t(nr));
     block.Force = opened.Stop.empty() || opened.ForceColor;
   }
   p += length;
   SkipBlanks();
   return stContinue;
-}
-
-void TStatePass::PopBlock() {
-  TBlockStyle& block = W.Block;
-  block.IsLine = false;
-  if (block.Cache.empty()) {
-    block.Id = -1;
-    return;
-  }
-  block.Id = block.Cache.back();
-  block.Cache.pop_back();
 }
 
 TStep TStatePass::BlockClose() {
@@ -569,8 +559,7 @@ TStep TStatePass::BlockClose() {
   } else if ((length = R.BlockStopAt(block, L, p)) > 0) {
     // Unforced in a partial scan: only an end right here counts.
     p += length;
-    state.Force = false;
-    PopBlock();
+    tok::PopBlock(state);
     return stContinue;
   }
   if (InString() || (!state.Force && at == 0)) return stNothing;
@@ -578,8 +567,7 @@ TStep TStatePass::BlockClose() {
     Fold(at);
     p = at + length;
     SkipBlanks();
-    state.Force = false;
-    PopBlock();
+    tok::PopBlock(state);
     return stContinue;
   }
   if (!block.Stop.empty()) {
@@ -588,8 +576,7 @@ TStep TStatePass::BlockClose() {
   }
   p = R.OpenBlockEnd(L, p);
   SkipBlanks();
-  state.Force = false;
-  PopBlock();
+  tok::PopBlock(state);
   return stContinue;
 }
 

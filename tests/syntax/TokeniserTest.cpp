@@ -151,7 +151,7 @@ TEST(Tokeniser, BlockEndsOverlapsOpenBlocksAndLineBlocks) {
 }
 
 TEST(Tokeniser, HereDocumentEndsOnItsWordAndNothingElseThere) {
-  TTokeniserDoc doc(u"[Options]\nHereDocSymbol=<<<\nString=\"\n");
+  TTokeniserDoc doc(u"[Options]\nHereDocSymbol=<<<\nString=\"\n", u"PHP");
   doc.SetText({u"$a = <<<\"EOT\"", u"text \" here", u"EOT; \"open", u"after"});
   const auto states = doc.States();
   EXPECT_EQ(states[0].Block.Id, -2);
