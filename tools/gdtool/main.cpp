@@ -20,6 +20,8 @@ const char* const kUsage =
     "  styles FILE.gdx [--dark]   show the style set the editor engine makes of a definition\n"
     "  tokens FILE --syntax DEF.gdx [--format text|json]\n"
     "                             show how the editor engine colours a file, line by line\n"
+    "  memo [FILE] [--script FILE|-] ...\n"
+    "                             drive the editor engine's memo by a script, without a display\n"
     "  help [COMMAND]             show this text or a command's help\n"
     "\n"
     "Exit status: 0 fine, 1 problems found, 2 unusable input or arguments.\n";
@@ -30,6 +32,7 @@ int Help(const std::string& command) {
   else if (command == "convert") std::cout << gdtool::kConvertHelp;
   else if (command == "styles") std::cout << gdtool::kStylesHelp;
   else if (command == "tokens") std::cout << gdtool::kTokensHelp;
+  else if (command == "memo") std::cout << gdtool::kMemoHelp;
   else std::cout << kUsage;
   return gdtool::exOk;
 }
@@ -51,6 +54,7 @@ int main(int argc, char** argv) {
   if (command == "convert") return gdtool::RunConvert(args, std::cout, std::cerr);
   if (command == "styles") return gdtool::RunStyles(args, std::cout, std::cerr);
   if (command == "tokens") return gdtool::RunTokens(args, std::cout, std::cerr);
+  if (command == "memo") return gdtool::RunMemo(args, std::cout, std::cerr);
   std::cerr << "gdtool: unknown command '" << command << "'\n\n" << kUsage;
   return gdtool::exUnusable;
 }
