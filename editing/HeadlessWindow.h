@@ -49,6 +49,7 @@ public:
   void SetCursorShape(TCursorShape shape) override { Cursor = shape; }
   void Beep() override { ++Beeps; }
   int DoubleClickTime() const override { return 500; }
+  int64_t TickCount() const override { return Clock; }
 
   std::u16string ClipboardText() const override { return Clipboard; }
   void SetClipboardText(std::u16string_view text) override { Clipboard = text; }

@@ -87,6 +87,8 @@ void TOrlCustomMemo::SetText(std::u16string_view text) {
   InternalLines().SetTextStr(text);
   ClearLineStylesFrom(0);
   LinesChanged(true, true, true);
+  // The caret and selection of the old text may lie outside the new one.
+  SetCursor(FCurX, FCurY, true);
 }
 
 int TOrlCustomMemo::TimerInterval(TMemoTimer timer) {
@@ -108,6 +110,9 @@ int TOrlCustomMemo::TimerInterval(TMemoTimer timer) {
 void TOrlCustomMemo::TimerFired(TMemoTimer timer) {
   if (FClosing) return;
   switch (timer) {
+    case TMemoTimer::Scroll:
+      AutoScrollTick();
+      break;
     case TMemoTimer::JSON:
       StopTimer(timer);
       FUpdateCodeExplorer = true;
@@ -121,7 +126,7 @@ void TOrlCustomMemo::TimerFired(TMemoTimer timer) {
       if (FAutoHideHorzScrollBar) FWindow->ShowScrollBar(TScrollBarKind::sbHorizontal, false);
       break;
     default:
-      // Selection scrolling, completion, hints, the map preview and the extra
+      // Completion, hints, the map preview and the extra
       // carets act when their subsystems are present; until then a tick is idle.
       break;
   }

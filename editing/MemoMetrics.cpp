@@ -154,20 +154,6 @@ int TOrlCustomMemo::VisibleCellCount(TVisibleCount what) {
   return 0;
 }
 
-void TOrlCustomMemo::ResizeScrollBars(bool bRedraw, int AMaxLen) {
-  if (!FLetRefresh || FNoResize || !FHasLoaded || FCellSize.W <= 0 || FCellSize.H <= 0) return;
-  const int rows = VisibleCellCount(vcPageHeight);
-  const int shown = InternalLines().VisibleCount();
-  const TScrollInfo vert{0, std::max(shown - 1, 0), rows, GetVisibleLines(0, FTopLine) - 1};
-  FWindow->SetScrollInfo(TScrollBarKind::sbVertical, vert);
-  FWindow->ShowScrollBar(TScrollBarKind::sbVertical, shown > rows);
-  const int columns = VisibleCellCount(vcPageWidth);
-  const int widest = std::max(FMaxTextWidth / FCellSize.W, AMaxLen);
-  FWindow->SetScrollInfo(TScrollBarKind::sbHorizontal, {0, widest, columns, FLeftCol});
-  FWindow->ShowScrollBar(TScrollBarKind::sbHorizontal, !FWordWrap && !FForceWrap && widest > columns);
-  if (bRedraw) Invalidate();
-}
-
 bool TOrlCustomMemo::RowIsPlainAnsi(std::u16string_view row) const {
   return std::all_of(row.begin(), row.end(), [](char16_t ch) { return ch < 256 && ch != u'\t'; });
 }

@@ -110,6 +110,8 @@ public:
   virtual void SetCursorShape(TCursorShape shape) = 0;
   virtual void Beep() = 0;
   virtual int DoubleClickTime() const = 0;
+  /// Milliseconds on a clock that only moves forward; times double and triple clicks.
+  virtual int64_t TickCount() const = 0;
 
   virtual std::u16string ClipboardText() const = 0;
   virtual void SetClipboardText(std::u16string_view text) = 0;

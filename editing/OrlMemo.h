@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "editing/MemoGeometry.h"
+#include "editing/MemoInput.h"
 #include "editing/MemoOwnedParts.h"
 #include "editing/MemoWindow.h"
 #include "syntax/CharStyle.h"
@@ -96,7 +97,8 @@ public:
   // Selection.
   TOrderedSelection GetSelection() const;
   bool HasSelection() const { return FSelStartX != FSelEndX || FSelStartY != FSelEndY; }
-  virtual void ClearSelection(bool bCaretToo);
+  /// Collapses the selection to the caret; with bRedraw a selection that existed is repainted away.
+  virtual void ClearSelection(bool bRedraw);
 
   // State.
   bool Modified();
@@ -292,6 +294,98 @@ public:
                      const std::u16string& Msg)>
       OnMemoWorkProgress;
 
+  // ---- Caret, selection, keyboard, mouse and scrolling (begin) ----
+  /// Puts the caret through the properties with `bRefresh`, else the fields;
+  /// the selection always collapses to it.
+  void SetCursor(int aCurX, int aCurY, bool bRefresh);
+  void SetTextCursor(int cx, int cy, bool bClearSelection);
+  void MoveCursor(int dx, int dY, TShiftState shift);
+  void MovePage(int dP, TShiftState shift);
+  void GoHome(TShiftState shift, bool bHandleWrappedLines);
+  void GoEnd(TShiftState shift, bool bHandleWrappedLines);
+  /// Word motion targets from (x, line): the caret's next word stop.
+  TFullPos WordRightPos(int x, int line);
+  TFullPos WordLeftPos(int x, int line);
+
+  int TopLine() const { return FTopLine; }
+  void SetTopLine(int Value);
+  /// Takes a scroll-bar position (shown rows from the first) and makes the
+  /// row it names the top line.
+  void SetTopRow(int Value);
+  void ResetTopLine();
+  /// The last top line the view can scroll to.
+  int GreatestTopLine();
+  int LeftCol() const { return FLeftCol; }
+  void SetLeftCol(int Value);
+  void ScrollToCaret(bool bHorz, bool bVert);
+  void PlaceCaret(bool bShow);
+  void RefreshCaret() { PlaceCaret(true); }
+  void CreateSystemCaret();
+  virtual void ResizeEditor();
+  /// Repaints the rows the caret left and entered, and the brace marks.
+  virtual void UpdateLineAndBraces(int oldLine, int newLine, bool bForce);
+
+  void SetSelection(int64_t Start, int64_t len, bool bSilent);
+  void SetSelection2(int StartX, int StartY, int EndX, int EndY, bool bRedraw);
+  void SetSelectionSilent(int StartX, int StartY, int EndX, int EndY);
+  void SetSelStartPos(int line, int col, int length);
+  void SetLineSelection(int line, int ax, int ALen);
+  /// Characters selected; with bIncludeCRLF each line end counts as its two characters.
+  int64_t GetSelectionLength(bool bIncludeCRLF);
+  int SelStartCol() const { return GetSelection().StartX; }
+  void UpdateSelection(bool bRedraw);
+  virtual void ExpandSelection(bool bInvalidateAll, bool bSetOldCurX, bool bInvalidateOnly, bool bAllowSmartHighlight);
+  void SelectAll(bool Silent);
+  bool CanCopy() const { return HasSelection(); }
+  /// Appends "first=last" per selection; returns the number of rows covered.
+  int GetSelectionRanges(std::vector<std::u16string>& ls);
+
+  /// The key table; a handled key comes back as vkNone.
+  void KeyDown(int& Key, TShiftState shift);
+  void KeyUp(int Key, TShiftState shift);
+  /// A character the keyboard made: text goes to typing, control characters
+  /// were already handled by their key.
+  void KeyPress(char16_t ch);
+
+  void MouseDown(TMouseButton button, TShiftState shift, int x, int y);
+  void MouseMove(TShiftState shift, int x, int y);
+  void MouseUp(TMouseButton button, TShiftState shift, int x, int y);
+  void DblClick(TShiftState shift, int x, int y);
+  /// `notches` above 0 scroll up; `lines` is the system's lines per notch, -1 a page.
+  void MouseWheel(TShiftState shift, int notches, int lines);
+  /// A scroll bar moved by the user: `pos` is the bar's new position.
+  void ScrollBarMoved(TScrollBarKind bar, int pos);
+  void FocusGained();
+  void FocusLost();
+
+  // Words and tokens, from the memo's symbol boundaries.
+  std::u16string WordAtCursor() { return WordAtXY(FCurX, FCurY); }
+  std::u16string WordAtXY(int x, int y);
+  std::u16string FullWordAtCursor();
+  std::u16string TokenAtCursor() { return TokenAtXY(FCurX, FCurY); }
+  std::u16string TokenAtXY(int x, int y);
+  std::u16string LeftWordAtCursor();
+  std::u16string NumberAtCursor();
+  char16_t CharAtPosX(int x, int y);
+  char16_t CharValueAtCursor() { return CharAtPosX(FCurX, FCurY); }
+
+  TMemoHooks Hooks;
+  bool FProcessShortcuts = false, FGreedyVerticalScroll = false, FAllowMultiEditMode = false;
+  bool FMultiEditMode = false, FHideCaret = false, FReplaceAll = false, FBackSpace = false;
+  bool FKeyIsDown = false, FLeftButtonDown = false, FDoubleClick = false, FFileDrag = false;
+  bool FPanning = false, FAutoCompleteDot = false, FFocused = false, FCaretCreated = false;
+  bool FDelErase = true;
+  bool FSmartHighlight = false, FSmartHighlightWholeWords = true;
+  std::u16string FAutoHighlightWordString;
+  int FAltCode = 0;
+  int FX = 0, FY = 0;  ///< where the last press or counted move happened
+  int FMouseX = 0, FMouseY = 0;  ///< the mouse's last position, for auto-scroll
+  int FTimerInterval = 100;
+  TFullPos FDoubleClickStart{-1, -1}, FDoubleClickEnd{-1, -1};
+  int64_t FLastDblClick = -1'000'000;
+  int FDoubleX = -1, FDoubleY = -1;
+  // ---- Caret, selection, keyboard, mouse and scrolling (end) ----
+
   /// Guards what the background thread shares with the main thread; declared
   /// first so that it is destroyed last.
   std::recursive_mutex FLock;
@@ -466,6 +560,29 @@ protected:
   void StopTimer(TMemoTimer timer) { FWindow->StopTimer(timer); }
 
 private:
+  // ---- Caret, selection, keyboard, mouse and scrolling: helpers (begin) ----
+  /// Caret motion without virtual space: under wrap or the notepad model.
+  bool NoVirtualSpace() const { return FWordWrap || FForceWrap || FNotepadCursor; }
+  bool Extending(TShiftState shift) const;
+  /// Ends a motion: grows the selection when the motion extends, else collapses it.
+  void ExtendOrClear(bool bExtend, bool bSetOldCurX);
+  /// The word-motion class of a character: 0 blank, 1 delimiter, 2 word.
+  int WordClass(char16_t ch) const;
+  void ArrowKey(int Key, TShiftState shift);
+  bool ShortcutKey(int Key, TShiftState shift);
+  bool EditingKey(int Key, TShiftState shift);
+  void NoteNavigationStop();
+  void ScrollHorizontally(int x);
+  void ScrollVertically();
+  void SelectWordAt(TFullPos pos, bool bAlt);
+  void SelectRealLine(int line);
+  void DragSelectTo(int x, int y);
+  void AutoScrollTick();
+  TFullPos ClampToStore(TFullPos pos);
+  void NotifySelectionChange() { if (OnSelectionChange) OnSelectionChange(false); }
+  int FScrollRefY = -1;  ///< the row the view must show: the caret's, shifted by the scroll margin
+  // ---- Caret, selection, keyboard, mouse and scrolling: helpers (end) ----
+
   void HookStore(TOrlMemoStrings& store);
   /// Rows are pieces of longer lines: soft wrap is on.
   bool RowsAreWrapped() const;
@@ -498,7 +615,7 @@ public:
   /// Clears the undo list and every row's line history.
   void ClearUndoRedoAndLineHistory();
 
-  bool FDelErase = true, FAddToMRU = true, FShowLineChanges = true, FMonitorLogFileFollowTail = true,
+  bool FAddToMRU = true, FShowLineChanges = true, FMonitorLogFileFollowTail = true,
        FTabShouldExpandAbbreviations = true;
   bool FUpdateAnnotationBar = false;
   int FMaxBackupFiles = 3;

@@ -4,10 +4,13 @@
 #include <QClipboard>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyleHints>
 #include <QTextLayout>
 #include <QTimer>
 
@@ -41,12 +44,62 @@ private:
   QTextLine FLine;
 };
 
+TShiftState ShiftOf(Qt::KeyboardModifiers mods) {
+  TShiftState shift = 0;
+  if (mods & Qt::ShiftModifier) shift |= ssShift;
+  if (mods & Qt::ControlModifier) shift |= ssCtrl;
+  if (mods & Qt::AltModifier) shift |= ssAlt;
+  return shift;
+}
+
+/// The memo's code for a Qt key; vkNone for keys the memo has no row for.
+int MemoKey(int key, Qt::KeyboardModifiers mods) {
+  if ((mods & Qt::KeypadModifier) && key >= Qt::Key_0 && key <= Qt::Key_9) return vkNumpad0 + (key - Qt::Key_0);
+  if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
+  if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return vkF1 + (key - Qt::Key_F1);
+  switch (key) {
+    case Qt::Key_Left: return vkLeft;
+    case Qt::Key_Right: return vkRight;
+    case Qt::Key_Up: return vkUp;
+    case Qt::Key_Down: return vkDown;
+    case Qt::Key_Home: return vkHome;
+    case Qt::Key_End: return vkEnd;
+    case Qt::Key_PageUp: return vkPrior;
+    case Qt::Key_PageDown: return vkNext;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: return vkTab;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return vkReturn;
+    case Qt::Key_Backspace: return vkBack;
+    case Qt::Key_Delete: return vkDelete;
+    case Qt::Key_Insert: return vkInsert;
+    case Qt::Key_Escape: return vkEscape;
+    case Qt::Key_Space: return vkSpace;
+    case Qt::Key_Alt: return vkMenu;
+    default: return vkNone;
+  }
+}
+
+TMouseButton ButtonOf(Qt::MouseButton button) {
+  if (button == Qt::RightButton) return TMouseButton::mbRight;
+  if (button == Qt::MiddleButton) return TMouseButton::mbMiddle;
+  return TMouseButton::mbLeft;
+}
+
 } // namespace
 
 TOrlMemoWidget::TOrlMemoWidget(QWidget* parent, const QString& dataFolder) : QWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setCursor(Qt::IBeamCursor);
+  setMouseTracking(true);
+  setAttribute(Qt::WA_InputMethodEnabled);
+  FClock.start();
+  FBlink = new QTimer(this);
+  connect(FBlink, &QTimer::timeout, this, [this] {
+    FBlinkOn = !FBlinkOn;
+    update(FCaret);
+  });
   FVertBar = new QScrollBar(Qt::Vertical, this);
   FHorzBar = new QScrollBar(Qt::Horizontal, this);
   FVertBar->hide();
@@ -64,6 +117,7 @@ TOrlMemoWidget::TOrlMemoWidget(QWidget* parent, const QString& dataFolder) : QWi
 
 TOrlMemoWidget::~TOrlMemoWidget() {
   for (QTimer* timer : FTimers) timer->stop();
+  FBlink->stop();
   FMemo.reset();
 }
 
@@ -122,11 +176,20 @@ void TOrlMemoWidget::CreateCaret(int width, int height) {
 void TOrlMemoWidget::SetCaretPos(int x, int y) {
   update(FCaret);
   FCaret.moveTo(x, y);
-  update(FCaret);
+  RestartBlink();
 }
 
 void TOrlMemoWidget::ShowCaret(bool bShow) {
   FCaretShown = bShow && FCaretExists;
+  RestartBlink();
+}
+
+void TOrlMemoWidget::RestartBlink() {
+  FBlinkOn = true;
+  // Half the platform's flash time on, half off; 0 means a steady caret.
+  const int flash = QGuiApplication::styleHints()->cursorFlashTime();
+  if (FCaretShown && flash > 0) FBlink->start(flash / 2);
+  else FBlink->stop();
   update(FCaret);
 }
 
@@ -150,7 +213,7 @@ void TOrlMemoWidget::SetCursorShape(TCursorShape shape) {
 }
 
 void TOrlMemoWidget::Beep() { QApplication::beep(); }
-int TOrlMemoWidget::DoubleClickTime() const { return QApplication::doubleClickInterval(); }
+int TOrlMemoWidget::DoubleClickTime() const { return QGuiApplication::styleHints()->mouseDoubleClickInterval(); }
 
 std::u16string TOrlMemoWidget::ClipboardText() const { return QGuiApplication::clipboard()->text().toStdU16String(); }
 void TOrlMemoWidget::SetClipboardText(std::u16string_view text) { QGuiApplication::clipboard()->setText(ToQString(text)); }
@@ -188,7 +251,7 @@ TCharHit TOrlMemoWidget::XToChar(const TMemoFont& font, std::u16string_view text
 void TOrlMemoWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), ToQColor(FMemo->FBkColor));
-  if (FCaretShown && hasFocus()) painter.fillRect(FCaret, Qt::black);
+  if (FCaretShown && FBlinkOn && hasFocus()) painter.fillRect(FCaret, Qt::black);
 }
 
 void TOrlMemoWidget::resizeEvent(QResizeEvent*) {
@@ -196,41 +259,84 @@ void TOrlMemoWidget::resizeEvent(QResizeEvent*) {
   FMemo->ResizeScrollBars(true, 0);
 }
 
-void TOrlMemoWidget::focusInEvent(QFocusEvent*) {
-  FMemo->DoEnter();
-  ShowCaret(true);
+void TOrlMemoWidget::focusInEvent(QFocusEvent*) { FMemo->FocusGained(); }
+
+void TOrlMemoWidget::focusOutEvent(QFocusEvent*) { FMemo->FocusLost(); }
+
+bool TOrlMemoWidget::focusNextPrevChild(bool next) {
+  // Tab belongs to the text while the memo wants it.
+  return FMemo->FWantTab ? false : QWidget::focusNextPrevChild(next);
+}
+
+void TOrlMemoWidget::keyPressEvent(QKeyEvent* event) {
+  const TShiftState shift = ShiftOf(event->modifiers());
+  int key = MemoKey(event->key(), event->modifiers());
+  if (key != vkNone) FMemo->KeyDown(key, shift);
+  // One key, one action: the key-down above acted for control keys, whose
+  // characters KeyPress drops. Ctrl or Alt alone make shortcuts, not text;
+  // both together are AltGr, whose characters are text.
+  const bool bCtrl = shift & ssCtrl, bAlt = shift & ssAlt;
+  if (bCtrl == bAlt) {
+    for (const QChar ch : event->text()) FMemo->KeyPress(ch.unicode());
+  }
+  event->accept();
+}
+
+void TOrlMemoWidget::keyReleaseEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) return;
+  FMemo->KeyUp(MemoKey(event->key(), event->modifiers()), ShiftOf(event->modifiers()));
+}
+
+void TOrlMemoWidget::inputMethodEvent(QInputMethodEvent* event) {
+  // The composition in progress is the input method's to show; the memo takes what it commits.
+  for (const QChar ch : event->commitString()) FMemo->KeyPress(ch.unicode());
+  event->accept();
+}
+
+QVariant TOrlMemoWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (query == Qt::ImCursorRectangle) return FCaret;
+  if (query == Qt::ImEnabled) return !FMemo->FReadOnly;
+  return QWidget::inputMethodQuery(query);
 }
 
 void TOrlMemoWidget::mousePressEvent(QMouseEvent* event) {
   setFocus(Qt::MouseFocusReason);
-  const TFullPos pos = FMemo->PointToCharPos(event->position().toPoint().x(), event->position().toPoint().y());
-  FMemo->SetCurY(pos.Y);
-  FMemo->SetCurX(pos.x);
-  FMemo->ClearSelection(true);
-  const TCellSize cell = FMemo->CellSize();
-  const TRect area = FMemo->EditorRect(true, pos.Y);
-  SetCaretPos(area.Left + FMemo->TextLength(pos.Y, pos.x, false, false) - FMemo->FLeftCol * cell.W,
-              area.Top + FMemo->GetRowFromLine(pos.Y) * cell.H);
-  ShowCaret(true);
+  const QPoint p = event->position().toPoint();
+  FMemo->MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), p.x(), p.y());
+}
+
+void TOrlMemoWidget::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint p = event->position().toPoint();
+  FMemo->MouseMove(ShiftOf(event->modifiers()), p.x(), p.y());
+}
+
+void TOrlMemoWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const QPoint p = event->position().toPoint();
+  FMemo->MouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), p.x(), p.y());
+}
+
+void TOrlMemoWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return mousePressEvent(event);
+  const QPoint p = event->position().toPoint();
+  FMemo->DblClick(ShiftOf(event->modifiers()), p.x(), p.y());
 }
 
 void TOrlMemoWidget::wheelEvent(QWheelEvent* event) {
-  const int steps = event->angleDelta().y() / 120;
-  FVertBar->setValue(FVertBar->value() - 3 * steps);
+  FWheelRest += event->angleDelta();
+  const int notchesY = FWheelRest.y() / 120, notchesX = FWheelRest.x() / 120;
+  FWheelRest -= QPoint(notchesX * 120, notchesY * 120);
+  const int lines = QApplication::wheelScrollLines();
+  if (notchesY != 0) FMemo->MouseWheel(ShiftOf(event->modifiers()), notchesY, lines);
+  if (notchesX != 0) FMemo->ScrollBarMoved(TScrollBarKind::sbHorizontal, FMemo->LeftCol() - notchesX * lines);
+  event->accept();
 }
 
 void TOrlMemoWidget::VerticalScrolled(int value) {
-  if (FUpdatingBars) return;
-  FMemo->FPrevTopLine = FMemo->FTopLine;
-  FMemo->FTopLine = FMemo->GetNextVisibleLine(0, value);
-  update();
+  if (!FUpdatingBars) FMemo->ScrollBarMoved(TScrollBarKind::sbVertical, value);
 }
 
 void TOrlMemoWidget::HorizontalScrolled(int value) {
-  if (FUpdatingBars) return;
-  FMemo->FLastLeftCol = FMemo->FLeftCol;
-  FMemo->FLeftCol = value;
-  update();
+  if (!FUpdatingBars) FMemo->ScrollBarMoved(TScrollBarKind::sbHorizontal, value);
 }
 
 } // namespace orl

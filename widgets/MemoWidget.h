@@ -4,6 +4,7 @@
 // timers, cursor, clipboard). The logic stays in the memo; this class only
 // translates.
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include <array>
@@ -49,6 +50,7 @@ public:
   void SetCursorShape(TCursorShape shape) override;
   void Beep() override;
   int DoubleClickTime() const override;
+  int64_t TickCount() const override { return FClock.elapsed(); }
   std::u16string ClipboardText() const override;
   void SetClipboardText(std::u16string_view text) override;
   TTextMetrics GetTextMetrics(const TMemoFont& font) override;
@@ -60,7 +62,16 @@ protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -68,6 +79,8 @@ private:
   void PlaceScrollBars();
   void VerticalScrolled(int value);
   void HorizontalScrolled(int value);
+  /// Restarts the blink with the caret shown, as after every move.
+  void RestartBlink();
 
   IMemoWindowClient* FClient = nullptr;
   QScrollBar* FVertBar;
@@ -77,6 +90,10 @@ private:
   bool FCaretExists = false;
   bool FCaretShown = false;
   bool FUpdatingBars = false;  // the memo sets a bar: no scroll back into it
+  bool FBlinkOn = true;
+  QTimer* FBlink;
+  QElapsedTimer FClock;
+  QPoint FWheelRest;  // eighths of a degree not yet turned into notches
   std::unique_ptr<TOrlMemo> FMemo;  // last: built once the window parts exist
 };
 

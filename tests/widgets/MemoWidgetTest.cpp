@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QImage>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QWheelEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTimer>
@@ -82,6 +85,65 @@ TEST(MemoWidget, AClickPlacesTheCaretAndTheClipboardRoundTrips) {
   // The widget paints its background in the memo's colour.
   const QImage shot = widget.grab().toImage();
   EXPECT_EQ(shot.pixelColor(shot.width() / 2, shot.height() / 2), QColor(255, 255, 255));
+}
+
+void SendKey(QWidget& widget, int key, Qt::KeyboardModifiers mods, const QString& text = {}) {
+  QKeyEvent press(QEvent::KeyPress, key, mods, text);
+  QApplication::sendEvent(&widget, &press);
+  QKeyEvent release(QEvent::KeyRelease, key, mods, text);
+  QApplication::sendEvent(&widget, &release);
+}
+
+TEST(MemoWidget, KeysActOnceAndAltGrAndTheInputMethodType) {
+  TOrlMemoWidget widget;
+  widget.resize(300, 200);
+  TOrlMemo& memo = widget.Memo();
+  memo.SetText(u"first\r\nsecond");
+  std::u16string typed;
+  int tabs = 0, pastes = 0;
+  memo.Hooks.InsertChar = [&](char16_t ch) { typed.push_back(ch); };
+  memo.Hooks.InsertTab = [&] { ++tabs; };
+  memo.Hooks.PasteFromClipboard = [&] { ++pastes; };
+  memo.FProcessShortcuts = true;
+  SendKey(widget, Qt::Key_Down, Qt::NoModifier);
+  SendKey(widget, Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_EQ(memo.CurY(), 1);
+  EXPECT_EQ(memo.GetSelection(), (TOrderedSelection{0, 1, 1, 1}));
+  SendKey(widget, Qt::Key_Tab, Qt::NoModifier, "\t");
+  SendKey(widget, Qt::Key_V, Qt::ControlModifier, QString(QChar(22)));
+  SendKey(widget, Qt::Key_Q, Qt::ControlModifier | Qt::AltModifier, "@");  // AltGr
+  SendKey(widget, Qt::Key_X, Qt::AltModifier, "x");                        // Alt alone types nothing
+  EXPECT_EQ(tabs, 1);
+  EXPECT_EQ(pastes, 1);
+  EXPECT_EQ(typed, u"@");
+  QInputMethodEvent compose;
+  compose.setCommitString(QString::fromUtf16(u"\u65E5\u672C"));
+  QApplication::sendEvent(&widget, &compose);
+  EXPECT_EQ(typed, u"@\u65E5\u672C");
+}
+
+TEST(MemoWidget, DoubleClickSelectsAWordAndTheWheelScrollsBySystemLines) {
+  TOrlMemoWidget widget;
+  widget.resize(300, 100);
+  TOrlMemo& memo = widget.Memo();
+  std::u16string text = u"alpha beta gamma";
+  for (int i = 0; i < 50; ++i) text += u"\r\nrow";
+  memo.SetText(text);
+  const TCellSize cell = memo.CellSize();
+  const TRect area = memo.EditorRect(true, 0);
+  const QPointF at(area.Left + 7 * cell.W + 1, area.Top + cell.H / 2);
+  for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                            QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+  }
+  EXPECT_EQ(memo.GetSelection(), (TOrderedSelection{6, 0, 10, 0}));
+  QWheelEvent wheel(at, widget.mapToGlobal(at), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &wheel);
+  EXPECT_EQ(memo.TopLine(), QApplication::wheelScrollLines());
+  EXPECT_EQ(memo.CurY(), 0);  // the wheel moves the view, not the caret
 }
 
 } // namespace

@@ -12,6 +12,9 @@ namespace gdtool {
 /// UTF-16 text as the terminal's UTF-8.
 std::string Out(std::u16string_view text);
 
+/// UTF-16 text as a JSON string, quotes included.
+std::string JsonString(std::u16string_view text);
+
 /// Exit codes of every command.
 enum TExit { exOk = 0, exProblems = 1, exUnusable = 2 };
 
@@ -37,5 +40,8 @@ extern const char* const kConvertHelp;
 extern const char* const kStylesHelp;
 extern const char* const kTokensHelp;
 extern const char* const kTestHelp;
+
+int RunMemo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+extern const char* const kMemoHelp;
 
 } // namespace gdtool

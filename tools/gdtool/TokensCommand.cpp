@@ -55,21 +55,6 @@ bool ParseArgs(const std::vector<std::string>& args, TTokensArgs& parsed) {
   return bFile && !parsed.Syntax.empty();
 }
 
-std::string JsonString(std::u16string_view text) {
-  std::string out = "\"";
-  for (char c : Out(text)) {
-    if (c == '"' || c == '\\') out += '\\';
-    if (static_cast<unsigned char>(c) < 0x20) {
-      char escaped[8];
-      std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
-      out += escaped;
-      continue;
-    }
-    out += c;
-  }
-  return out + "\"";
-}
-
 constexpr const char* kScriptNames[] = {"scNone", "scASP", "scPHP", "scJS", "scVB", "scCSS", "scCF", "scHtml", "scSVG"};
 
 /// Runs named by class and group, neighbours of the same name joined.

@@ -22,6 +22,8 @@ const char* const kUsage =
     "                             show how the editor engine colours a file, line by line\n"
     "  test [--syntax DEF.gdx] FILE|DIR...\n"
     "                             run definition test files: assertions on the classes of columns\n"
+    "  memo [FILE] [--script FILE|-] ...\n"
+    "                             drive the editor engine's memo by a script, without a display\n"
     "  help [COMMAND]             show this text or a command's help\n"
     "\n"
     "Exit status: 0 fine, 1 problems found, 2 unusable input or arguments.\n";
@@ -33,6 +35,7 @@ int Help(const std::string& command) {
   else if (command == "styles") std::cout << gdtool::kStylesHelp;
   else if (command == "tokens") std::cout << gdtool::kTokensHelp;
   else if (command == "test") std::cout << gdtool::kTestHelp;
+  else if (command == "memo") std::cout << gdtool::kMemoHelp;
   else std::cout << kUsage;
   return gdtool::exOk;
 }
@@ -55,6 +58,7 @@ int main(int argc, char** argv) {
   if (command == "styles") return gdtool::RunStyles(args, std::cout, std::cerr);
   if (command == "tokens") return gdtool::RunTokens(args, std::cout, std::cerr);
   if (command == "test") return gdtool::RunTest(args, std::cout, std::cerr);
+  if (command == "memo") return gdtool::RunMemo(args, std::cout, std::cerr);
   std::cerr << "gdtool: unknown command '" << command << "'\n\n" << kUsage;
   return gdtool::exUnusable;
 }

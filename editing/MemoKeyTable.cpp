@@ -1,0 +1,194 @@
+// The key table: what each key does with its modifiers. One physical key is
+// one logical event: its key-down decides, and the control character the
+// keyboard also makes for it (Tab, Enter, Backspace, Ctrl+letters) is
+// dropped by KeyPress, so nothing runs twice.
+
+#include <cstdlib>
+
+#include "editing/OrlMemo.h"
+
+namespace orl {
+namespace {
+
+constexpr TShiftState kModifiers = ssShift | ssAlt | ssCtrl;
+
+/// Runs a seam that is attached; says whether it ran.
+template <typename F, typename... A>
+bool Run(const F& hook, A&&... args) {
+  if (!hook) return false;
+  hook(std::forward<A>(args)...);
+  return true;
+}
+
+} // namespace
+
+void TOrlCustomMemo::NoteNavigationStop() {
+  const int offset = FNavigationHistoryOffset > 0 ? FNavigationHistoryOffset : VisibleRowMax() - 2;
+  if (std::abs(FCurY - FCurrentNavigateY) <= offset) return;
+  FPrevNavigateY = FCurrentNavigateY;
+  FCurrentNavigateY = FCurY;
+}
+
+void TOrlCustomMemo::ArrowKey(int Key, TShiftState shift) {
+  const bool bVertical = Key == vkUp || Key == vkDown;
+  if (!bVertical) NoteNavigationStop();
+  if (FColumnMode && FColumnModeRelease && (shift & (ssAlt | ssShift)) != (ssAlt | ssShift)) SetColumnMode(false);
+  if ((shift & (ssAlt | ssShift)) == (ssAlt | ssShift)) shift = TShiftState(shift & ~ssAlt);  // a block step
+  FKeyDown = Key == vkDown;
+  FKeyUp = Key == vkUp;
+  const int dx = Key == vkLeft ? -1 : Key == vkRight ? 1 : 0;
+  const int dY = Key == vkUp ? -1 : Key == vkDown ? 1 : 0;
+  const bool bPlainVertical = bVertical && !(shift & (ssCtrl | ssAlt));
+  if (bPlainVertical && dY > 0 && StepShownLines(FCurY, 1) == FCurY) GoEnd(shift, false);
+  else if (bPlainVertical && dY < 0 && StepShownLines(FCurY, -1) == FCurY) GoHome(shift, false);
+  else MoveCursor(dx, dY, shift);
+  FKeyDown = FKeyUp = false;
+  Run(Hooks.RecordMacro, bVertical ? 6 : 5, bVertical ? dY : dx);
+}
+
+bool TOrlCustomMemo::ShortcutKey(int Key, TShiftState shift) {
+  const TShiftState mods = TShiftState(shift & kModifiers);
+  const bool bShift = shift & ssShift;
+  // Ctrl with Alt is AltGr on many keyboards: its characters are typing, not shortcuts.
+  const bool bCtrl = (shift & ssCtrl) && !(shift & ssAlt);
+  const bool bEditable = !FReadOnly;
+  switch (Key) {
+    case vkLeft:
+    case vkRight:
+    case vkUp:
+    case vkDown:
+      if (mods == ssAlt + ssShift && FProcessShortcuts && !FColumnMode) {
+        SetColumnMode(true);
+        FColumnModeRelease = true;
+      }
+      if ((mods & ~ssShift) != 0 && !FProcessShortcuts) return false;
+      ArrowKey(Key, shift);
+      return true;
+    case vkHome:
+    case vkEnd:
+    case vkPrior:
+    case vkNext:
+      if (!FProcessShortcuts) return false;
+      if (Key == vkHome) GoHome(shift, true);
+      else if (Key == vkEnd) GoEnd(shift, true);
+      else MovePage(Key == vkPrior ? -1 : 1, shift);
+      return true;
+    case vkSpace:
+      if (!bCtrl || !FProcessShortcuts || !bEditable) return false;
+      return bShift ? Run(Hooks.ShowParameterHint) : Run(Hooks.ShowCompletion);
+    case 'A':
+      if (!bCtrl || !FProcessShortcuts) return false;
+      SelectAll(false);
+      return true;
+    case 'C':
+      return bCtrl && FProcessShortcuts && Run(Hooks.CopyToClipboard);
+    case 'V':
+      return bCtrl && FProcessShortcuts && bEditable && Run(Hooks.PasteFromClipboard);
+    case 'X':
+      return bCtrl && FProcessShortcuts && bEditable && Run(Hooks.CutToClipboard);
+    case 'Y':
+      return bCtrl && FProcessShortcuts && bEditable && Run(Hooks.Redo);
+    case 'Z':
+      return bCtrl && FProcessShortcuts && bEditable && Run(bShift ? Hooks.Redo : Hooks.Undo);
+    case 'L':
+      if (!bCtrl || !bEditable) return false;
+      return Run(bShift ? Hooks.DeleteCurrentLine : Hooks.DuplicateCurrentLine);
+    default: return false;
+  }
+}
+
+bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
+  const TShiftState mods = TShiftState(shift & kModifiers);
+  const bool bEditable = !FReadOnly;
+  const bool bMultiRow = HasSelection() && FSelStartY != FSelEndY;
+  switch (Key) {
+    case vkEscape: return Run(Hooks.LeaveMultiEdit);
+    case vkTab:
+      if (mods & ssCtrl) return true;
+      if (!bEditable) return true;
+      if (mods & ssShift) {
+        if (bMultiRow) return Run(Hooks.UnIndentSelectedBlock, true);
+        return FCurX == 0 || Run(Hooks.UnIndentFromCursor);
+      }
+      if (bMultiRow && !FColumnMode && !FBinaryMode) Run(Hooks.IndentSelectedBlock, true);
+      else Run(Hooks.InsertTab);
+      Run(Hooks.RecordMacro, 3, 0);
+      return true;
+    case vkBack:
+      if (mods & ssAlt) {
+        if (FProcessShortcuts && bEditable) Run((mods & ssShift) ? Hooks.Redo : Hooks.Undo);
+        return true;
+      }
+      if (!bEditable) return true;
+      if ((mods & ssCtrl) && !HasSelection()) {
+        if (!Hooks.DeleteSelection) return true;
+        MoveCursor(-1, 0, ssShift | ssCtrl);
+        Hooks.DeleteSelection();
+        return true;
+      }
+      if (FDelErase && HasSelection() && Run(Hooks.DeleteSelection)) return true;
+      Run(Hooks.Backspace);
+      Run(Hooks.RecordMacro, 2, -1);
+      return true;
+    case vkDelete:
+      if (!bEditable) return true;
+      if (mods & ssShift) return Run(Hooks.CutToClipboard);
+      if (mods & ssCtrl) {
+        if (!Hooks.DeleteSelection) return true;
+        MoveCursor(1, 0, ssShift | ssCtrl);
+        Hooks.DeleteSelection();
+        return true;
+      }
+      if (FDelErase && HasSelection() && Run(Hooks.DeleteSelection)) return true;
+      Run(Hooks.DeleteChar);
+      Run(Hooks.RecordMacro, 2, 1);
+      return true;
+    case vkInsert:
+      if (mods & ssShift) return bEditable && Run(Hooks.PasteFromClipboard);
+      if (mods & ssCtrl) return Run(Hooks.CopyToClipboard);
+      if (mods == 0) {
+        bool bAllow = true;
+        if (OnOverwriteToggle) OnOverwriteToggle(bAllow);
+        if (bAllow) FOverwrite = !FOverwrite;
+        if (FCaretCreated) CreateSystemCaret();
+        PlaceCaret(true);
+        return true;
+      }
+      return false;
+    case vkReturn:
+      if (bEditable) Run(Hooks.EnterPress);
+      Run(Hooks.RecordMacro, 4, 0);
+      return true;
+    default: return false;
+  }
+}
+
+void TOrlCustomMemo::KeyDown(int& Key, TShiftState shift) {
+  if (FHexView || FClosing) return;
+  FKeyIsDown = true;
+  StopTimer(TMemoTimer::AutoComplete);
+  const TShiftState mods = TShiftState(shift & kModifiers);
+  if (mods != ssAlt) FAltCode = 0;
+  if (mods == ssAlt && Key >= vkNumpad0 && Key <= vkNumpad9) {
+    FAltCode = (FAltCode * 10 + (Key - vkNumpad0)) % 0x10000;
+    Key = vkNone;
+    return;
+  }
+  if (ShortcutKey(Key, shift) || EditingKey(Key, shift)) Key = vkNone;
+}
+
+void TOrlCustomMemo::KeyUp(int Key, TShiftState) {
+  FKeyIsDown = false;
+  if (Key != vkMenu || FAltCode == 0) return;
+  const char16_t ch = char16_t(FAltCode);
+  FAltCode = 0;
+  KeyPress(ch);
+}
+
+void TOrlCustomMemo::KeyPress(char16_t ch) {
+  if (ch < 32 || ch == 127) return;  // its key already acted
+  if (FReadOnly || FHexView) return;
+  Run(Hooks.InsertChar, ch);
+}
+
+} // namespace orl
