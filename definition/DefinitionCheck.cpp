@@ -31,12 +31,17 @@ struct TRawSection {
   std::vector<TRawKey> Keys;
 };
 
+bool HasUtf16Mark(std::string_view bytes) { return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"); }
+
 /// Walks the file's lines the way the store loads them, keeping line numbers,
 /// and notes what the store or the engine would drop.
 class TRawScan {
 public:
   TRawScan(const std::filesystem::path& path, std::span<const std::u16string_view> knownSections) : FPath(path) {
-    const std::vector<std::u16string> lines = SplitLines(DecodeText(ReadFileBytes(path), SystemAnsiCodePage()));
+    const std::string bytes = ReadFileBytes(path);
+    if (HasUtf16Mark(bytes) && bytes.size() % 2 != 0)
+      Report(0, "odd number of bytes in a UTF-16 file: the last byte belongs to no character and is dropped");
+    const std::vector<std::u16string> lines = SplitLines(DecodeText(bytes, SystemAnsiCodePage()));
     for (size_t i = 0; i < lines.size(); ++i) Take(int(i) + 1, lines[i], knownSections);
   }
 
@@ -178,9 +183,14 @@ void CheckListItems(TRawScan& scan) {
   if (!raw) return;
   for (const TRawKey& key : raw->Keys) {
     std::u16string_view suffix;
-    if (RuleNumberOf(key.Name, suffix) > 0 && suffix == u"_ListItem" && !key.Value.empty() &&
-        ListItemIndex(key.Value) < 0)
+    const int rule = RuleNumberOf(key.Name, suffix);
+    if (rule <= 0 || key.Value.empty()) continue;
+    if (suffix == u"_ListItem" && ListItemIndex(key.Value) < 0)
       scan.Report(key.Line, Narrow(key.Name) + " \"" + Narrow(key.Value) + "\" is no list item and reads as none");
+    // A list-item word as a section name is a value typed into the wrong row.
+    if (suffix == u"_Section" && ListItemIndex(key.Value) >= 0)
+      scan.Report(key.Line, Narrow(key.Name) + " \"" + Narrow(key.Value) + "\" is a list item; it belongs in " +
+                                std::to_string(rule) + "_ListItem");
   }
 }
 

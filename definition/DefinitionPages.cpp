@@ -166,8 +166,8 @@ std::vector<std::u16string> InfoTemplate() {
 TDefinitionStores LoadDefinitionStores(const std::filesystem::path& fileName) {
   const TFileRecognition recognition = RecogniseDefinitionFile(fileName);
   TDefinitionStores stores;
-  stores.Gdx = std::make_unique<TMemIniFile>(StringFromPath(fileName));
-  stores.Ini = std::make_unique<TMemIniFile>(StringFromPath(CompanionPath(fileName)));
+  stores.Gdx = std::make_unique<TMemIniFile>(fileName);
+  stores.Ini = std::make_unique<TMemIniFile>(CompanionPath(fileName));
   stores.Converted = recognition.Exists && !recognition.IsCurrentLayout();
   if (stores.Converted) {
     stores.Gdx->Clear();
@@ -196,8 +196,8 @@ TDefinitionPages ReadDefinitionPages(TMemIniFile& gdx, TMemIniFile& ini) {
 
 void WriteDefinitionStores(const TDefinitionPages& pages, TMemIniFile& gdx, TMemIniFile& ini,
                            const std::filesystem::path& fileName) {
-  gdx.Rename(StringFromPath(fileName), false);
-  ini.Rename(StringFromPath(CompanionPath(fileName)), false);
+  gdx.Rename(fileName, false);
+  ini.Rename(CompanionPath(fileName), false);
   gdx.WriteString(sections::StandardExtensions, kExtensionsKey, JoinExtensions(pages.FileExtensions));
   SetSectionFrom(ini, sections::Comment, pages.Info, true);
   WriteMultiHighlight(ini, pages.MultiHighlight);
@@ -212,19 +212,22 @@ void WriteDefinitionStores(const TDefinitionPages& pages, TMemIniFile& gdx, TMem
 
 // The header comment is not part of the store (comments never are), so the
 // file image gets it on top as it is written.
+std::vector<TFileImage> DefinitionFileImages(const TDefinitionPages& pages, TMemIniFile& gdx, TMemIniFile& ini,
+                                             const std::filesystem::path& fileName, bool bRecovery) {
+  WriteDefinitionStores(pages, gdx, ini, fileName);
+  TStringList gdxLines, iniLines;
+  gdx.GetStrings(gdxLines);
+  ini.GetStrings(iniLines);
+  if (!bRecovery) {
+    gdxLines.Insert(0, u"");
+    gdxLines.Insert(0, pages.HeaderComment());
+  }
+  return {TFileImage{fileName, gdxLines.FileImage()}, TFileImage{CompanionPath(fileName), iniLines.FileImage()}};
+}
+
 void SaveDefinitionFiles(const TDefinitionPages& pages, TMemIniFile& gdx, TMemIniFile& ini,
                          const std::filesystem::path& fileName, bool bRecovery) {
-  WriteDefinitionStores(pages, gdx, ini, fileName);
-  ini.UpdateFile();
-  if (bRecovery) {
-    gdx.UpdateFile();
-    return;
-  }
-  TStringList image;
-  gdx.GetStrings(image);
-  image.Insert(0, u"");
-  image.Insert(0, pages.HeaderComment());
-  image.SaveToFile(fileName);
+  WriteFilesAtomic(DefinitionFileImages(pages, gdx, ini, fileName, bRecovery));
 }
 
 } // namespace orl

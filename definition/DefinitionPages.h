@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "definition/OrlIniFiles.h"
+#include "platform/FileIO.h"
 #include "platform/OrlError.h"
 
 namespace orl {
@@ -113,8 +114,13 @@ TDefinitionPages ReadDefinitionPages(TMemIniFile& gdx, TMemIniFile& ini);
 void WriteDefinitionStores(const TDefinitionPages& pages, TMemIniFile& gdx, TMemIniFile& ini,
                            const std::filesystem::path& fileName);
 
-/// Writes the pages into the stores and both stores to their files. A
-/// recovery save leaves out the header comment; any other save puts it on top.
+/// Writes the pages into the stores and returns the images of both files,
+/// the definition first. A recovery save leaves out the header comment; any
+/// other save puts it on top.
+std::vector<TFileImage> DefinitionFileImages(const TDefinitionPages& pages, TMemIniFile& gdx, TMemIniFile& ini,
+                                             const std::filesystem::path& fileName, bool bRecovery);
+
+/// DefinitionFileImages written together: both files are replaced or neither.
 void SaveDefinitionFiles(const TDefinitionPages& pages, TMemIniFile& gdx, TMemIniFile& ini,
                          const std::filesystem::path& fileName, bool bRecovery);
 

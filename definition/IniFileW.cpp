@@ -5,7 +5,7 @@
 namespace orl {
 
 std::u16string TIniFileW::ReadString(std::u16string_view section, std::u16string_view ident, std::u16string_view def) {
-  return GetPrivateProfileString(PathFromString(FFileName), section, ident).value_or(std::u16string(def));
+  return GetPrivateProfileString(FFileName, section, ident).value_or(std::u16string(def));
 }
 
 std::u16string TIniFileW::ReadLargeString(std::u16string_view section, std::u16string_view ident,
@@ -24,7 +24,7 @@ bool TIniFileW::ReadLargeWideString(std::u16string_view section, std::u16string_
 void TIniFileW::ReadSectionValues(std::u16string_view section, TStringList& strings) {
   strings.BeginUpdate();
   strings.Clear();
-  for (std::u16string& line : GetPrivateProfileSection(PathFromString(FFileName), section)) strings.Add(std::move(line));
+  for (std::u16string& line : GetPrivateProfileSection(FFileName, section)) strings.Add(std::move(line));
   strings.EndUpdate();
 }
 

@@ -2,6 +2,7 @@
 // The shape of ini lines, shared by the stores: blanks, section headers and
 // `name=value` lines.
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -24,8 +25,8 @@ inline std::u16string SectionNameOf(std::u16string_view header) {
 /// Takes a new file name and, with `bReload`, loads from it; a load that
 /// fails keeps the old name, so the store stays as it was.
 template <typename TLoad>
-void RenameFile(std::u16string& fileName, std::u16string newName, bool bReload, TLoad load) {
-  std::u16string previous = std::move(fileName);
+void RenameFile(std::filesystem::path& fileName, std::filesystem::path newName, bool bReload, TLoad load) {
+  std::filesystem::path previous = std::move(fileName);
   fileName = std::move(newName);
   if (!bReload) return;
   try {

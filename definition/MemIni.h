@@ -16,18 +16,19 @@
 
 #include "definition/OrlIniFiles.h"
 #include "definition/UnicodeStrList.h"
+#include "platform/FileIO.h"
 
 namespace orl {
 
 class TMemIniFileUTF16 : public TObject {
 public:
   /// Loads `fileName`; an empty name or a missing file gives an empty store.
-  explicit TMemIniFileUTF16(std::u16string fileName = {});
+  explicit TMemIniFileUTF16(std::filesystem::path fileName = {});
   ~TMemIniFileUTF16() override;
   TMemIniFileUTF16(const TMemIniFileUTF16&) = delete;
   TMemIniFileUTF16& operator=(const TMemIniFileUTF16&) = delete;
 
-  const std::u16string& FileName() const { return FFileName; }
+  const std::filesystem::path& FileName() const { return FFileName; }
   bool CaseSensitive() const { return FSections.CaseSensitive(); }
   void SetCaseSensitive(bool value);
   /// Called after a change; not under the lock.
@@ -61,12 +62,14 @@ public:
   /// All section names, sorted.
   void ReadSections(TStringList& strings);
   void ReadSectionValues(std::u16string_view section, TStringList& strings);
-  void Rename(std::u16string fileName, bool bReload);
+  void Rename(std::filesystem::path fileName, bool bReload);
   void RenameSection(std::u16string_view oldName, std::u16string_view newName);
   /// True when the section is listed, also when it has no lines.
   bool SectionExists(std::u16string_view section);
   /// Writes UTF-16LE with a byte-order mark through a temporary file.
   void UpdateFile();
+  /// What UpdateFile writes, for a caller that writes it together with other files.
+  TFileImage FileImage();
 
 private:
   TWideHashedStringList* SectionLines(std::u16string_view section);
@@ -75,7 +78,7 @@ private:
   void ClearSections();
   void Notify();
 
-  std::u16string FFileName;
+  std::filesystem::path FFileName;
   TWideHashedStringList FSections;  // section names; each object the section's own list, owned
   std::recursive_mutex FLock;
 };
@@ -84,7 +87,7 @@ private:
 class TMemIniFileW {
 public:
   /// Decodes by byte-order mark, else in the ANSI code page; a missing file is empty.
-  explicit TMemIniFileW(std::u16string fileName);
+  explicit TMemIniFileW(std::filesystem::path fileName);
 
   /// The text, or `defValue` and false when the text is empty or missing.
   bool ReadWideString(std::u16string_view key, std::u16string_view valueName, std::u16string_view defValue,
@@ -102,7 +105,7 @@ private:
 /// engine reads it. The first of several equal names wins.
 class TIniFileW {
 public:
-  explicit TIniFileW(std::u16string fileName) : FFileName(std::move(fileName)) {}
+  explicit TIniFileW(std::filesystem::path fileName) : FFileName(std::move(fileName)) {}
 
   virtual ~TIniFileW() = default;
   virtual std::u16string ReadString(std::u16string_view section, std::u16string_view ident, std::u16string_view def);
@@ -115,7 +118,7 @@ public:
   virtual void ReadSectionValues(std::u16string_view section, TStringList& strings);
 
 private:
-  std::u16string FFileName;
+  std::filesystem::path FFileName;
 };
 
 } // namespace orl

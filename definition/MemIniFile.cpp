@@ -8,19 +8,17 @@
 
 namespace orl {
 
-TMemIniFile::TMemIniFile(std::u16string fileName) : TCustomIniFile(std::move(fileName)) { LoadValues(); }
+TMemIniFile::TMemIniFile(std::filesystem::path fileName) : TCustomIniFile(std::move(fileName)) { LoadValues(); }
 
 TMemIniFile::~TMemIniFile() { Clear(); }
 
 void TMemIniFile::LoadValues() {
-  const std::filesystem::path path = PathFromString(FFileName);
-  std::error_code ec;
-  if (FFileName.empty() || !std::filesystem::exists(path, ec)) {
+  if (FFileName.empty() || !PathExists(FFileName)) {
     Clear();
     return;
   }
   TStringList lines;
-  lines.LoadFromFile(path, SystemAnsiCodePage());
+  lines.LoadFromFile(FFileName, SystemAnsiCodePage());
   SetStrings(lines);
 }
 
@@ -138,10 +136,10 @@ void TMemIniFile::SetStrings(const TStringList& list) {
 void TMemIniFile::UpdateFile() {
   TStringList list;
   GetStrings(list);
-  list.SaveToFile(PathFromString(FFileName));
+  list.SaveToFile(FFileName);
 }
 
-void TMemIniFile::Rename(std::u16string fileName, bool bReload) {
+void TMemIniFile::Rename(std::filesystem::path fileName, bool bReload) {
   RenameFile(FFileName, std::move(fileName), bReload, [this] { LoadValues(); });
 }
 

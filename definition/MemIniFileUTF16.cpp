@@ -12,7 +12,7 @@ using TGuard = std::lock_guard<std::recursive_mutex>;
 constexpr unsigned kUtf16LE = 1200;
 } // namespace
 
-TMemIniFileUTF16::TMemIniFileUTF16(std::u16string fileName) : FFileName(std::move(fileName)) { LoadValues(); }
+TMemIniFileUTF16::TMemIniFileUTF16(std::filesystem::path fileName) : FFileName(std::move(fileName)) { LoadValues(); }
 
 TMemIniFileUTF16::~TMemIniFileUTF16() { ClearSections(); }
 
@@ -22,14 +22,12 @@ void TMemIniFileUTF16::Notify() {
 
 void TMemIniFileUTF16::LoadValues() {
   TGuard guard(FLock);
-  const std::filesystem::path path = PathFromString(FFileName);
-  std::error_code ec;
-  if (FFileName.empty() || !std::filesystem::exists(path, ec)) {
+  if (FFileName.empty() || !PathExists(FFileName)) {
     ClearSections();
     return;
   }
   TStringList lines;
-  lines.LoadFromFile(path, kUtf16LE);
+  lines.LoadFromFile(FFileName, kUtf16LE);
   SetStrings(lines);
 }
 
@@ -200,7 +198,7 @@ void TMemIniFileUTF16::ReadSectionValues(std::u16string_view section, TStringLis
   strings.EndUpdate();
 }
 
-void TMemIniFileUTF16::Rename(std::u16string fileName, bool bReload) {
+void TMemIniFileUTF16::Rename(std::filesystem::path fileName, bool bReload) {
   TGuard guard(FLock);
   RenameFile(FFileName, std::move(fileName), bReload, [this] { LoadValues(); });
 }
@@ -212,11 +210,13 @@ void TMemIniFileUTF16::RenameSection(std::u16string_view oldName, std::u16string
 
 bool TMemIniFileUTF16::SectionExists(std::u16string_view section) { return FSections.IndexOf(section) >= 0; }
 
-void TMemIniFileUTF16::UpdateFile() {
+void TMemIniFileUTF16::UpdateFile() { WriteFileAtomic(FFileName, FileImage().Bytes); }
+
+TFileImage TMemIniFileUTF16::FileImage() {
   TGuard guard(FLock);
   TStringList list;
   GetStrings(list);
-  list.SaveToFile(PathFromString(FFileName));
+  return {FFileName, list.FileImage()};
 }
 
 } // namespace orl

@@ -6,7 +6,7 @@ namespace orl {
 
 namespace {
 // A language file that cannot be read gives fallbacks, as a missing one does.
-std::unique_ptr<TMemIniFile> OpenOrEmpty(std::u16string fileName) {
+std::unique_ptr<TMemIniFile> OpenOrEmpty(std::filesystem::path fileName) {
   try {
     return std::make_unique<TMemIniFile>(std::move(fileName));
   } catch (const EOrlError&) {
@@ -15,7 +15,7 @@ std::unique_ptr<TMemIniFile> OpenOrEmpty(std::u16string fileName) {
 }
 } // namespace
 
-TMemIniFileW::TMemIniFileW(std::u16string fileName) : FStore(OpenOrEmpty(std::move(fileName))) {}
+TMemIniFileW::TMemIniFileW(std::filesystem::path fileName) : FStore(OpenOrEmpty(std::move(fileName))) {}
 
 bool TMemIniFileW::ReadWideString(std::u16string_view key, std::u16string_view valueName, std::u16string_view defValue,
                                   std::u16string& value) {

@@ -7,6 +7,7 @@
 // `=`. Every read and write after the load acts on memory: the file is touched
 // only by the constructor, by Rename with a reload, and by UpdateFile.
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -86,9 +87,10 @@ private:
 /// Abstract ini file: typed reads and writes over ReadString and WriteString.
 class TCustomIniFile : public TObject {
 public:
-  explicit TCustomIniFile(std::u16string fileName) : FFileName(std::move(fileName)) {}
+  explicit TCustomIniFile(std::filesystem::path fileName) : FFileName(std::move(fileName)) {}
 
-  const std::u16string& FileName() const { return FFileName; }
+  /// The file as the system names it: bytes that are no valid text stay as they are.
+  const std::filesystem::path& FileName() const { return FFileName; }
 
   virtual std::u16string ReadString(std::u16string_view section, std::u16string_view ident,
                                     std::u16string_view def) = 0;
@@ -127,7 +129,7 @@ public:
   bool SectionExists(std::u16string_view section);
 
 protected:
-  std::u16string FFileName;
+  std::filesystem::path FFileName;
 };
 
 /// The in-memory ini store of a definition. Always written as UTF-16LE with a
@@ -136,7 +138,7 @@ class TMemIniFile : public TCustomIniFile {
 public:
   /// Loads `fileName`; an empty name or a missing file gives an empty store.
   /// Raises EFileError when the file exists but cannot be read.
-  explicit TMemIniFile(std::u16string fileName = {});
+  explicit TMemIniFile(std::filesystem::path fileName = {});
   ~TMemIniFile() override;
 
   void Clear();
@@ -161,7 +163,7 @@ public:
   /// Replaces the whole store from file lines.
   void SetStrings(const TStringList& list);
   /// Takes a new file name; with `bReload` the store is loaded from it.
-  void Rename(std::u16string fileName, bool bReload);
+  void Rename(std::filesystem::path fileName, bool bReload);
   void RenameSection(std::u16string_view oldName, std::u16string_view newName);
   /// Replaces a section by the lines of `list`, moving it to the end; with
   /// `bAddKey` each line gets a running key `1=`, `2=`, ...

@@ -145,6 +145,8 @@ void TStringList::LoadFromFile(const std::filesystem::path& path, unsigned codeP
   Changed();
 }
 
-void TStringList::SaveToFile(const std::filesystem::path& path) const { WriteFileAtomic(path, EncodeUtf16LE(Text(), true)); }
+void TStringList::SaveToFile(const std::filesystem::path& path) const { WriteFileAtomic(path, FileImage()); }
+
+std::string TStringList::FileImage() const { return EncodeUtf16LE(Text(), true); }
 
 } // namespace orl

@@ -70,6 +70,8 @@ public:
   /// Writes UTF-16LE with a byte-order mark, each line ended by CR LF, through
   /// a temporary file. Raises EFileError.
   void SaveToFile(const std::filesystem::path& path) const;
+  /// The bytes SaveToFile writes: UTF-16LE with a byte-order mark.
+  std::string FileImage() const;
 
 protected:
   /// Called after every change of lines, order or case rule.

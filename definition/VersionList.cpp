@@ -21,8 +21,8 @@ void WriteVersionInfo(TMemIniFileUTF16& list, std::u16string_view baseName, cons
 
 TVersionLists::TVersionLists(const std::filesystem::path& hostFolder)
     : FUserFolder(hostFolder / "syntax" / "User defined"),
-      FVerList(std::make_unique<TMemIniFileUTF16>(StringFromPath(hostFolder / "syntax" / "_list.ver"))),
-      FUserVerList(std::make_unique<TMemIniFileUTF16>(StringFromPath(FUserFolder / "_list.ver"))) {}
+      FVerList(std::make_unique<TMemIniFileUTF16>(hostFolder / "syntax" / "_list.ver")),
+      FUserVerList(std::make_unique<TMemIniFileUTF16>(FUserFolder / "_list.ver")) {}
 
 TMemIniFileUTF16& TVersionLists::ListFor(const std::filesystem::path& fileName) {
   return fileName.parent_path().native() == FUserFolder.native() ? *FUserVerList : *FVerList;

@@ -7,6 +7,13 @@ packages=(
   libicu-dev libpcre2-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libgl-dev
+  # Qt's own texts (dialog buttons, file dialogs) in the user's language.
+  qt6-translations-l10n
+  # The faces the memo and the forms ask for: a fixed-pitch family, and the
+  # metric twins of the usual Windows faces.
+  fonts-dejavu-core fonts-liberation
+  # setpriv, with which tests run a command as a user bound by file permissions.
+  util-linux
 )
 
 missing=()

@@ -63,3 +63,14 @@ TEST(DefinitionCheck, CleanPairMissingCompanionOlderLayoutAndUnreadableFile) {
   EXPECT_TRUE(Has(Problems(dir / "Old.gdx"), "older layout"));
   EXPECT_THROW(CheckDefinition(dir / "none.gdx"), EFileError);
 }
+
+TEST(DefinitionCheck, ListItemWordsInTheSectionKeyAndOddUtf16LengthsAreReported) {
+  test::TTempFolder dir;
+  test::WriteBytes(dir / "F.gdx", ";{}\r\n\r\n[Fold]\r\n1_Id=a\r\n1_Section=implementation\r\n2_Id=b\r\n"
+                                  "2_Section=CEMETHOD\r\n2_ListItem=\r\n");
+  test::WriteBytes(dir / "F.ini", std::string("\xFF\xFE[\0S\0a\0m\0p\0l\0e\0]\0\r\0\n\0x", 23));
+  const auto problems = Problems(dir / "F.gdx");
+  EXPECT_TRUE(Has(problems, "F.gdx:7: 2_Section \"CEMETHOD\" is a list item; it belongs in 2_ListItem"));
+  EXPECT_FALSE(Has(problems, "1_Section"));
+  EXPECT_TRUE(Has(problems, "F.ini:0: odd number of bytes in a UTF-16 file"));
+}

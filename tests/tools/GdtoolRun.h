@@ -15,8 +15,8 @@ struct TRun {
 
 inline std::string Quoted(const std::string& s) { return "'" + s + "'"; }
 
-inline TRun Gdtool(const std::string& args) {
-  const std::string command = Quoted(GDTOOL_PATH) + " " + args + " 2>&1";
+/// Runs a shell command line and keeps its exit status and standard output.
+inline TRun Run(const std::string& command) {
   FILE* pipe = ::popen(command.c_str(), "r");
   std::string output;
   char buffer[4096];
@@ -24,5 +24,7 @@ inline TRun Gdtool(const std::string& args) {
   const int status = ::pclose(pipe);
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
 }
+
+inline TRun Gdtool(const std::string& args) { return Run(Quoted(GDTOOL_PATH) + " " + args + " 2>&1"); }
 
 } // namespace orl::test

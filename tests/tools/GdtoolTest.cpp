@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <map>
 
 #include "BundledDefinitions.h"
@@ -14,6 +16,19 @@ using orl::test::ReadBytes;
 using orl::test::TRun;
 
 namespace {
+
+/// gdtool run by a user who is bound by file permissions: root reads and writes anything.
+TRun GdtoolUnprivileged(const std::string& args) {
+  return orl::test::Run((::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "") + Quoted(GDTOOL_PATH) +
+             " " + args + " 2>&1");
+}
+
+/// Lets the unprivileged user into `dir`, with `write` also to create files there.
+void OpenTo(const fs::path& dir, bool write) {
+  const fs::perms all = fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
+                        fs::perms::others_read | fs::perms::others_exec;
+  fs::permissions(dir, write ? all | fs::perms::group_write | fs::perms::others_write : all);
+}
 
 std::vector<fs::path> BundledDefinitions() { return orl::test::BundledDefinitions(HOST_DIR); }
 
@@ -201,4 +216,100 @@ TEST(Gdtool, TokensReadsEveryTextCodingAndRejectsBadInput) {
   EXPECT_EQ(missing.Status, 1);
   EXPECT_EQ(std::count(missing.Output.begin(), missing.Output.end(), '\n'), 1) << missing.Output;
   EXPECT_EQ(Gdtool("tokens " + file + " --syntax " + Quoted((dir / "none.gdx").string())).Status, 1);
+}
+
+namespace {
+
+/// A current-layout pair under `name` in `dir`, copied from a bundled definition.
+fs::path CopyBundledPair(const fs::path& dir, const std::string& name) {
+  const fs::path source = fs::path(HOST_DIR) / "syntax" / "INI.gdx";
+  const fs::path target = dir / (name + ".gdx");
+  fs::copy_file(source, target);
+  fs::copy_file(fs::path(source).replace_extension(".ini"), fs::path(target).replace_extension(".ini"));
+  return target;
+}
+
+/// Every file of `dir` with its bytes: what a failed command must leave as it was.
+std::map<fs::path, std::string> Snapshot(const fs::path& dir) {
+  std::map<fs::path, std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(dir))
+    files[entry.path()] = entry.is_symlink() ? "<link>" : entry.is_regular_file() ? ReadBytes(entry.path()) : "<folder>";
+  return files;
+}
+
+} // namespace
+
+TEST(Gdtool, NamesThatAreNoValidTextStayTheFilesTheyName) {
+  orl::test::TTempFolder dir;
+  const std::string name = "caf\xe9";  // Latin-1, not UTF-8
+  const fs::path gdx = CopyBundledPair(dir.Path(), name), ini = fs::path(gdx).replace_extension(".ini");
+  const std::string gdxBytes = ReadBytes(gdx), iniBytes = ReadBytes(ini);
+
+  const TRun resave = Gdtool("resave " + Quoted(gdx.string()));
+  EXPECT_EQ(resave.Status, 0) << resave.Output;
+  EXPECT_NE(resave.Output.find("saved " + gdx.string()), std::string::npos) << resave.Output;
+  EXPECT_EQ(ReadBytes(gdx), gdxBytes);
+  EXPECT_EQ(ReadBytes(ini), iniBytes);
+
+  const TRun convert = Gdtool("convert --force " + Quoted(gdx.string()));
+  EXPECT_EQ(convert.Status, 0) << convert.Output;
+  EXPECT_EQ(ReadBytes(gdx), gdxBytes);
+  EXPECT_EQ(ReadBytes(ini), iniBytes);
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), fs::directory_iterator()), 2) << "a stray file appeared";
+}
+
+TEST(Gdtool, AnUnreadableCompanionFailsTheCommandAndNamesIt) {
+  orl::test::TTempFolder dir;
+  const fs::path gdx = CopyBundledPair(dir.Path(), "Pair"), ini = fs::path(gdx).replace_extension(".ini");
+  fs::remove(ini);
+  fs::create_symlink(ini.filename(), ini);  // a link to itself: no file is there to be read, nor told missing
+  const auto before = Snapshot(dir.Path());
+  for (const std::string command : {"resave ", "convert --force ", "check "}) {
+    const TRun run = Gdtool(command + Quoted(gdx.string()));
+    EXPECT_EQ(run.Status, command == "convert --force " ? 1 : 2) << command << run.Output;
+    EXPECT_NE(run.Output.find(ini.string()), std::string::npos) << command << run.Output;
+    EXPECT_EQ(Snapshot(dir.Path()), before) << command;
+  }
+}
+
+TEST(Gdtool, APairIsReplacedWholeOrNotAtAll) {
+  orl::test::TTempFolder dir;
+  const fs::path in = CopyBundledPair(dir.Path(), "In");
+  fs::create_directories(dir / "out" / "Out.gdx");  // the definition cannot be written
+  orl::test::WriteBytes(dir / "out" / "Out.ini", "[Comment]\r\n1=the user's own\r\n");
+  auto before = Snapshot(dir.Path());
+  EXPECT_EQ(Gdtool("resave " + Quoted(in.string()) + " " + Quoted((dir / "out" / "Out.gdx").string())).Status, 2);
+  EXPECT_EQ(Snapshot(dir.Path()), before);
+
+  // A version list that cannot be written stops the save before the pair is touched.
+  const fs::path host = dir / "host", defs = dir / "defs";
+  fs::create_directories(host / "syntax");
+  fs::create_directories(defs);
+  orl::test::WriteBytes(host / "syntax" / "_list.ver", "");
+  const fs::path hosted = CopyBundledPair(defs, "Hosted");
+  orl::test::WriteBytes(hosted, ReadBytes(hosted) + std::string("x\0", 2));  // a resave would change it
+  for (const fs::path& folder : {dir.Path(), host, host / "syntax"}) OpenTo(folder, false);
+  OpenTo(defs, true);
+  before = Snapshot(dir.Path());
+  const TRun run = GdtoolUnprivileged("resave " + Quoted(hosted.string()) + " --host " + Quoted(host.string()));
+  EXPECT_EQ(run.Status, 2);
+  EXPECT_NE(run.Output.find("_list.ver"), std::string::npos) << run.Output;
+  EXPECT_EQ(Snapshot(dir.Path()), before);
+}
+
+TEST(Gdtool, CheckReportsAnUnreadableFileAndAnOddUtf16Length) {
+  orl::test::TTempFolder dir;
+  const fs::path odd = CopyBundledPair(dir.Path(), "Odd");
+  orl::test::WriteBytes(odd, ReadBytes(odd) + "x");
+  const TRun oddRun = Gdtool("check " + Quoted(odd.string()));
+  EXPECT_EQ(oddRun.Status, 1);
+  EXPECT_NE(oddRun.Output.find("odd number of bytes"), std::string::npos) << oddRun.Output;
+
+  const fs::path locked = CopyBundledPair(dir.Path(), "Locked");
+  OpenTo(dir.Path(), false);
+  fs::permissions(locked, fs::perms::none);
+  const TRun lockedRun = GdtoolUnprivileged("check " + Quoted(locked.string()));
+  EXPECT_EQ(lockedRun.Status, 2) << lockedRun.Output;
+  EXPECT_NE(lockedRun.Output.find("Permission denied"), std::string::npos) << lockedRun.Output;
+  EXPECT_EQ(lockedRun.Output.find("older layout"), std::string::npos) << lockedRun.Output;
 }

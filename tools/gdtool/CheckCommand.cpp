@@ -7,6 +7,7 @@
 #include "definition/DefinitionFormat.h"
 #include "definition/DefinitionItems.h"
 #include "definition/DefinitionPages.h"
+#include "platform/FileIO.h"
 #include "platform/OrlError.h"
 
 namespace gdtool {
@@ -87,6 +88,7 @@ void PrintSummary(const std::filesystem::path& file, std::ostream& out) {
 
 int CheckOne(const std::filesystem::path& file, std::ostream& out) {
   out << file.string() << "\n";
+  RequireReadable(file);
   const std::vector<TDefinitionProblem> problems = CheckDefinition(file);
   if (RecogniseDefinitionFile(file).IsCurrentLayout()) PrintSummary(file, out);
   out << "  problems: " << (problems.empty() ? "none" : std::to_string(problems.size())) << "\n";

@@ -81,7 +81,7 @@ void RequireFree(const fs::path& path, const TConvertArgs& a) {
 // The report line of one file; raises the reason it failed.
 std::string ConvertOne(const fs::path& old, const TConvertArgs& a) {
   const TFileRecognition recognition = RecogniseDefinitionFile(old);
-  if (!recognition.Exists) ReadFileBytes(old);  // raises the file error
+  RequireReadable(old);
   const bool bOlder = !recognition.IsCurrentLayout();
   if (!bOlder && !a.bForce) return "current " + old.string() + " (left alone)";
   const fs::path target = TargetOf(old, a);
@@ -93,7 +93,13 @@ std::string ConvertOne(const fs::path& old, const TConvertArgs& a) {
     WriteFileAtomic(backup, ReadFileBytes(old));
     kept = " (original kept as " + backup.string() + ")";
   }
-  ResaveDefinition(old, target, {});
+  try {
+    ResaveDefinition(old, target, {});
+  } catch (...) {
+    // OLD still stands as it was; a backup left behind would block the next try.
+    if (!kept.empty()) fs::remove(fs::path(old).concat(".old"));
+    throw;
+  }
   return (bOlder ? "converted " : "resaved ") + old.string() + " -> " + target.string() + kept;
 }
 

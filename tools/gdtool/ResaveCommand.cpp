@@ -61,35 +61,38 @@ fs::path ListBeside(const fs::path& file) { return file.parent_path() / "_list.v
 TVersionInfo ReadVersion(const TResaveArgs& a) {
   const std::u16string base = BaseNameOf(a.In);
   if (!a.Host.empty()) return ReadVersionInfo(TVersionLists(a.Host).ListFor(a.In), base, kLoadingDateDefault);
-  TMemIniFileUTF16 list(StringFromPath(ListBeside(a.In)));
+  TMemIniFileUTF16 list(ListBeside(a.In));
   return ReadVersionInfo(list, base, kLoadingDateDefault);
 }
 
-void WriteVersion(const TResaveArgs& a, const TVersionInfo& info) {
-  const std::u16string base = BaseNameOf(a.Out);
+TFileImage VersionListImage(TMemIniFileUTF16& list, const fs::path& out, const TVersionInfo& info) {
+  WriteVersionInfo(list, BaseNameOf(out), info);
+  return list.FileImage();
+}
+
+// The version list joins the pair's files, so that a list that cannot be
+// written stops the save before anything is replaced.
+void AddVersionList(const TResaveArgs& a, const TVersionInfo& info, std::vector<TFileImage>& files) {
   if (!a.Host.empty()) {
     TVersionLists lists(a.Host);
-    TMemIniFileUTF16& list = lists.ListFor(a.Out);
-    WriteVersionInfo(list, base, info);
-    list.UpdateFile();
-    return;
+    files.push_back(VersionListImage(lists.ListFor(a.Out), a.Out, info));
+  } else if (FileExists(ListBeside(a.Out))) {
+    TMemIniFileUTF16 list(ListBeside(a.Out));
+    files.push_back(VersionListImage(list, a.Out, info));
   }
-  if (!FileExists(ListBeside(a.Out))) return;
-  TMemIniFileUTF16 list(StringFromPath(ListBeside(a.Out)));
-  WriteVersionInfo(list, base, info);
-  list.UpdateFile();
 }
 
 } // namespace
 
 bool ResaveDefinition(const fs::path& in, const fs::path& out, const fs::path& host) {
   const TResaveArgs args{in, out, host};
-  if (!FileExists(in)) ReadFileBytes(in);  // raises the file error
+  RequireReadable(in);
   TDefinitionStores stores = LoadDefinitionStores(in);
   TDefinitionPages pages = ReadDefinitionPages(*stores.Gdx, *stores.Ini);
   pages.Version = ReadVersion(args);
-  SaveDefinitionFiles(pages, *stores.Gdx, *stores.Ini, out, false);
-  WriteVersion(args, pages.Version);
+  std::vector<TFileImage> files = DefinitionFileImages(pages, *stores.Gdx, *stores.Ini, out, false);
+  AddVersionList(args, pages.Version, files);
+  WriteFilesAtomic(files);
   return stores.Converted;
 }
 
