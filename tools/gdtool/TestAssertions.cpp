@@ -1,7 +1,6 @@
 #include "TestAssertions.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "Console.h"
 #include "syntax/OrlMemoStyles.h"
