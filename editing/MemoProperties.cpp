@@ -105,7 +105,8 @@ const std::vector<TProperty>& Properties() {
         Switch("WantTab", &M::FWantTab),
         Switch("WordWrap", &M::FWordWrap),
     };
-    std::sort(t.begin(), t.end(), [](const TProperty& a, const TProperty& b) { return std::string_view(a.Name) < b.Name; });
+    std::sort(t.begin(), t.end(),
+              [](const TProperty& a, const TProperty& b) { return std::string_view(a.Name) < b.Name; });
     return t;
   }();
   return table;

@@ -16,6 +16,14 @@ int TOrlCustomMemo::GreatestTopLine() {
   return StepShownLines(last, -(std::max(VisibleRowMax(), 1) - 1));
 }
 
+TScrollInfo TOrlCustomMemo::VerticalBar() {
+  const int rows = VisibleRowMax();
+  TScrollInfo bar{0, std::max(InternalLines().VisibleCount() - 1, 0), rows, GetVisibleLines(0, FTopLine) - 1};
+  if (FGreedyVerticalScroll) bar.Max += rows - 2;  // the last row may scroll up to the top
+  bar.Max = std::max(bar.Max, bar.Pos);
+  return bar;
+}
+
 void TOrlCustomMemo::SetTopLine(int Value) {
   Value = std::clamp(Value, 0, GreatestTopLine());
   if (Value == FTopLine) return;
@@ -24,10 +32,7 @@ void TOrlCustomMemo::SetTopLine(int Value) {
   FTopLine = Value;
   FRealTopLine = real;
   FTopLineObject = InternalLines().GetLineAttributeObject(Value);
-  TScrollInfo bar{0, std::max(InternalLines().VisibleCount() - 1, 0), VisibleRowMax(), GetVisibleLines(0, FTopLine) - 1};
-  if (FGreedyVerticalScroll) bar.Max += bar.Page - 2;
-  bar.Max = std::max(bar.Max, bar.Pos);
-  FWindow->SetScrollInfo(TScrollBarKind::sbVertical, bar);
+  FWindow->SetScrollInfo(TScrollBarKind::sbVertical, VerticalBar());
   if (OnVScrollChange) OnVScrollChange(FTopLine);
   Invalidate();
 }
@@ -121,9 +126,7 @@ void TOrlCustomMemo::ResizeScrollBars(bool bRedraw, int AMaxLen) {
     FWindow->ShowScrollBar(TScrollBarKind::sbVertical, false);
   } else {
     FTopLine = std::min(FTopLine, GreatestTopLine());
-    TScrollInfo vert{0, shown - 1, rows, GetVisibleLines(0, FTopLine) - 1};
-    if (FGreedyVerticalScroll) vert.Max += rows - 2;
-    FWindow->SetScrollInfo(TScrollBarKind::sbVertical, vert);
+    FWindow->SetScrollInfo(TScrollBarKind::sbVertical, VerticalBar());
     FWindow->ShowScrollBar(TScrollBarKind::sbVertical, !FAutoHideVertScrollBar);
   }
   const int columns = VisiblePosCount();

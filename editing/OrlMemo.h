@@ -572,6 +572,8 @@ private:
   bool ShortcutKey(int Key, TShiftState shift);
   bool EditingKey(int Key, TShiftState shift);
   void NoteNavigationStop();
+  /// The vertical bar's range and position for the current top line.
+  TScrollInfo VerticalBar();
   void ScrollHorizontally(int x);
   void ScrollVertically();
   void SelectWordAt(TFullPos pos, bool bAlt);

@@ -256,7 +256,7 @@ void TOrlMemoWidget::paintEvent(QPaintEvent*) {
 
 void TOrlMemoWidget::resizeEvent(QResizeEvent*) {
   PlaceScrollBars();
-  FMemo->ResizeScrollBars(true, 0);
+  FMemo->ResizeEditor();
 }
 
 void TOrlMemoWidget::focusInEvent(QFocusEvent*) { FMemo->FocusGained(); }

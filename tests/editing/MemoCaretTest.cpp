@@ -115,6 +115,22 @@ TEST_F(MemoCaret, ShortcutsWaitForProcessShortcuts) {
   EXPECT_EQ(memo.GetSelection(), (TOrderedSelection{0, 0, 3, 1}));
 }
 
+TEST_F(MemoCaret, TheScrollBarAndTheViewMoveTogether) {
+  std::u16string text;
+  for (int i = 0; i < 100; ++i) text += u"row\r\n";
+  memo.SetText(text);  // 101 rows in a page of 10
+  memo.ScrollBarMoved(TScrollBarKind::sbVertical, 40);
+  EXPECT_EQ(memo.TopLine(), 40);
+  EXPECT_EQ(window.Scroll[size_t(TScrollBarKind::sbVertical)].Pos, 40);
+  EXPECT_EQ(memo.CurY(), 0);  // the caret stays, hidden above the view
+  EXPECT_FALSE(window.bCaretShown);
+  memo.ScrollBarMoved(TScrollBarKind::sbVertical, 500);
+  EXPECT_EQ(memo.TopLine(), 91);  // the last row on the last row of the page
+  memo.FGreedyVerticalScroll = true;
+  memo.SetTopLine(1000);
+  EXPECT_EQ(memo.TopLine(), 100);
+}
+
 TEST_F(MemoCaret, VirtualSpaceIsCapped) {
   memo.SetText(u"ab");
   memo.FForcewrapLength = 20;

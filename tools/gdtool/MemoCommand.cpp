@@ -204,7 +204,11 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     FMemo.FOldCurX = FMemo.TextLength(FMemo.CurY(), FMemo.CurX(), false, false);
   } else if (command == "caret!") {
     Need(words, 3, "caret! X Y");
-    FMemo.SetTextCursorValues(Int(words[1]), Int(words[2]));
+    const int x = Int(words[1]), y = Int(words[2]);
+    // The fields take what they are given, so only a place inside the text is given to them.
+    if (x < 0 || y < 0 || y >= FMemo.InternalLines().Count())
+      throw EScriptError("caret! needs a row of the text and a column from 0");
+    FMemo.SetTextCursorValues(x, y);
   } else if (command == "sel") {
     Need(words, 5, "sel SX SY EX EY");
     FMemo.SetSelection2(Int(words[1]), Int(words[2]), Int(words[3]), Int(words[4]), true);
@@ -286,7 +290,8 @@ void TMemoDriver::Mouse(const std::vector<TScriptWord>& words) {
     if (command == "tripleclick") Click(p, 0);
     return;
   }
-  if (words.size() < 4) throw EScriptError("usage: mouse down|move|up COL ROW [left|right|middle] [shift] [ctrl] [alt]");
+  if (words.size() < 4)
+    throw EScriptError("usage: mouse down|move|up COL ROW [left|right|middle] [shift] [ctrl] [alt]");
   const std::string action = Out(words[1].Text);
   const TPoint p = CellToPixel(Int(words[2]), Int(words[3]));
   TMouseButton button = TMouseButton::mbLeft;
