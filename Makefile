@@ -38,6 +38,12 @@ test-sanitize: deps
 	@cmake --build build-tsan -j $(JOBS) --target textstore_tests
 	@TSAN_OPTIONS=halt_on_error=1 build-tsan/tests/textstore/textstore_tests --gtest_filter='*Thread*' --gtest_brief=1
 
+# Each fuzz target for FUZZ_SECONDS with the code it tests instrumented; needs clang.
+.PHONY: fuzz
+FUZZ_SECONDS ?= 20
+fuzz: deps
+	@bash scripts/run-fuzz.sh $(FUZZ_SECONDS) $(JOBS)
+
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
 

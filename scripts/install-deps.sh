@@ -7,6 +7,7 @@ packages=(
   libicu-dev libpcre2-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libgl-dev
+  clang libclang-rt-14-dev
 )
 
 missing=()
