@@ -1,7 +1,8 @@
 // Any text parsed into the line store's rows: SetTextStr, its silent twin and
-// the Text setter that reuses rows must cut the same rows, the rows must hold
-// no line-ending character, and the text read back must be the rows joined
-// with CR LF.
+// the Text setter that reuses rows must cut the same rows (except that the
+// setter adds no empty row behind a final lone CR), the rows must hold no
+// line-ending character, and the text read back must be the rows joined with
+// CR LF.
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -43,21 +44,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       text.push_back(b < 128 ? char16_t(b) : char16_t(b << 8 | provider.ConsumeIntegral<uint8_t>()));
   }
 
-  TOrlMemoStrings parsed;
+  // Stores are kept across inputs: a new one sets up its text blocks, which costs more than a parse.
+  static TOrlMemoStrings parsed, silent, reused;
   parsed.SetTextStr(text);
   const std::vector<std::u16string> rows = Rows(parsed);
   for (const std::u16string& row : rows) Require(row.find_first_of(u"\r\n") == std::u16string::npos);
   Require(parsed.GetTextStr() == Joined(rows));
 
-  TOrlMemoStrings silent;
   silent.SetTextStrSilent(text);
   Require(Rows(silent) == rows);
 
   // The Text setter over rows that are already there reuses them and must come to the same.
   if (text.empty()) return 0;  // an empty text leaves the rows as they are
-  TOrlMemoStrings reused;
   reused.SetTextStr(u"old\r\nrows\nstay?");
   reused.SetText(text);
-  Require(Rows(reused) == rows);
+  std::vector<std::u16string> expected = rows;
+  if (text.back() == u'\r' && !expected.empty() && expected.back().empty()) expected.pop_back();
+  Require(Rows(reused) == expected);
   return 0;
 }
