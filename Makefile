@@ -52,6 +52,12 @@ CI_TIME ?=
 ci-time:
 	@bash scripts/ci-time.sh $(CI_TIME)
 
+# Each fuzz target for FUZZ_SECONDS with the code it tests instrumented; needs clang.
+.PHONY: fuzz
+FUZZ_SECONDS ?= 20
+fuzz: deps
+	@bash scripts/run-fuzz.sh $(FUZZ_SECONDS) $(JOBS)
+
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
 

@@ -14,6 +14,7 @@ packages=(
   fonts-dejavu-core fonts-liberation
   # setpriv, with which tests run a command as a user bound by file permissions.
   util-linux
+  clang libclang-rt-14-dev
 )
 
 missing=()

@@ -416,11 +416,12 @@ bool TColourPass::SymbolStep() {
     const size_t firstEnd = list.find(u' ', 1);
     if (list.size() < 3 || firstEnd == std::u16string::npos) continue;
     const int n = int(firstEnd) - 1;
+    if (n < 1) continue;  // a list that opens with two blanks has no first word to measure by
     const std::u16string_view word = L.S.substr(size_t(p - 1), size_t(std::max(0, std::min(n, L.Len - p + 1))));
     if (int(word.size()) != n ||
         !std::ranges::all_of(word, [&](char16_t w) { return C.Symbols.Has(w) && !C.NumericChars.Has(w); }))
       continue;
-    for (size_t at = list.find(word); at != std::u16string::npos; at = list.find(word, at + 1)) {
+    for (size_t at = list.find(word, 1); at != std::u16string::npos; at = list.find(word, at + 1)) {
       if (list[at - 1] == u' ' && at + word.size() < list.size() && list[at + word.size()] == u' ') {
         EmitRun(p + n, spIsSymbol, int8_t(kSymbolWordsA + k));
         return true;

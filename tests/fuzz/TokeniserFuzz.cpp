@@ -18,6 +18,9 @@ void Require(bool bHolds) {
   if (!bHolds) std::abort();
 }
 
+// Long enough for the lines that once made a recogniser or a pattern work without end.
+constexpr size_t kMaxLineLength = 4096;
+
 std::u16string Text(FuzzedDataProvider& data, size_t maxLength) {
   const std::string bytes = data.ConsumeRandomLengthString(maxLength);
   return std::u16string(bytes.begin(), bytes.end());
@@ -111,7 +114,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
   memo.XML = data.ConsumeBool();
   TOrlMemoStrings lines;
   for (int n = data.ConsumeIntegralInRange(1, 60); n > 0 && data.remaining_bytes() > 0; --n)
-    lines.DoAdd(Text(data, 200));
+    lines.DoAdd(Text(data, kMaxLineLength));
   TPlainTokeniserHost host;
   host.bAllowURLClick = data.ConsumeBool();
   TLineTokeniser tokeniser(lines, memo, host);
