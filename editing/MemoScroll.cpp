@@ -12,13 +12,17 @@ int TOrlCustomMemo::GreatestTopLine() {
   TOrlMemoStrings& lines = InternalLines();
   const int last = std::max(lines.Count() - 1, 0);
   if (FGreedyVerticalScroll) return last;
-  // The last row stands on the last full row of the page.
-  return StepShownLines(last, -(std::max(VisibleRowMax(), 1) - 1));
+  // A text that fits does not scroll (its bar is hidden). Otherwise the row
+  // count less the page height plus 1: the view may show one empty row below
+  // the last, as the bar's range of all shown rows gives.
+  const int rows = VisibleRowMax();
+  if (lines.VisibleCount() <= rows) return 0;
+  return StepShownLines(last, -std::max(rows - 2, 0));
 }
 
 TScrollInfo TOrlCustomMemo::VerticalBar() {
   const int rows = VisibleRowMax();
-  TScrollInfo bar{0, std::max(InternalLines().VisibleCount() - 1, 0), rows, GetVisibleLines(0, FTopLine) - 1};
+  TScrollInfo bar{0, InternalLines().VisibleCount(), rows, GetVisibleLines(0, FTopLine) - 1};
   if (FGreedyVerticalScroll) bar.Max += rows - 2;  // the last row may scroll up to the top
   bar.Max = std::max(bar.Max, bar.Pos);
   return bar;
