@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QInputMethodEvent>
@@ -124,8 +125,12 @@ TOrlMemoWidget::~TOrlMemoWidget() {
 QFont TOrlMemoWidget::ToQFont(const TMemoFont& font) {
   QFont f(QString::fromStdU16String(font.Name));
   const QString name = f.family().toLower();
-  if (name.contains(u"courier") || name.contains(u"consolas") || name.contains(u"mono") || name.contains(u"terminal"))
-    f.setStyleHint(QFont::TypeWriter);
+  const bool bFixedFace =
+      name.contains(u"courier") || name.contains(u"consolas") || name.contains(u"mono") || name.contains(u"terminal");
+  if (bFixedFace) f.setStyleHint(QFont::TypeWriter);
+  // A fixed face the system lacks can resolve to a proportional one; the
+  // toolkit's fixed font keeps the editor fixed-pitch instead.
+  if (bFixedFace && !QFontInfo(f).fixedPitch()) f.setFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
   f.setPixelSize(std::max(std::abs(font.Height), 1));
   // Whole-pixel advances keep a monospaced row on the memo's cell grid.
   f.setHintingPreference(QFont::PreferFullHinting);

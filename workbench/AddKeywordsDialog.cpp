@@ -25,14 +25,12 @@ TAddForm::TAddForm(const TLanguageTexts& language, QWidget* parent) : QDialog(pa
   layout->addWidget(btnOk = new QPushButton(Q(language.Text(u"Buttons", u"100", u"OK"))), 3, 1);
   layout->addWidget(btnAbort = new QPushButton(Q(language.Text(u"Buttons", u"101", u"Cancel"))), 4, 1, Qt::AlignTop);
   List->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  btnAdd->setAutoDefault(false);
-  btnOk->setAutoDefault(false);
+  // Enter adds, as the button does, and does nothing while it is disabled:
+  // no other button may become the default and take Enter with the focus.
+  for (QPushButton* button : {btnDel, btnOk, btnAbort}) button->setAutoDefault(false);
+  btnAdd->setDefault(true);
   connect(btnAdd, &QPushButton::clicked, this, &TAddForm::AddClick);
   connect(btnDel, &QPushButton::clicked, this, &TAddForm::DelClick);
-  // Enter in the edit adds, as the button does, and does nothing while it is disabled.
-  connect(Edit, &QLineEdit::returnPressed, this, [this] {
-    if (btnAdd->isEnabled()) AddClick();
-  });
   connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
   connect(btnAbort, &QPushButton::clicked, this, &QDialog::reject);
 }

@@ -57,7 +57,11 @@ QWidget* TSynForm::CreateHintsPage() {
   auto* buttons = new QHBoxLayout;
   const TLanguageTexts& l = FHost.Language;
   const std::pair<QString, std::function<void()>> commands[] = {
-      {Q(l.Text(u"Buttons", u"161", u"New")), [this] { FDocument->Hints().New(); }},
+      {Q(l.Text(u"Buttons", u"161", u"New")),
+       [this] {
+         FDocument->Hints().New();
+         HintsEdit->setFocus();  // the user types the new hint's id next
+       }},
       {Q(l.GrammarDesk(u"302", u"Del")), [this] { FDocument->Hints().Delete(); }},
       {Q(l.GrammarDesk(u"303", u"Sort")), [this] { FDocument->Hints().Sort(); }},
       {"\u2192 1", [this] { FDocument->Hints().ConvertToType1(); }},

@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QEventLoop>
+#include <QFile>
 #include <QTimer>
 #include <QUrl>
 #include <QFileDialog>
@@ -15,6 +16,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
 
@@ -33,7 +36,7 @@ namespace orl {
 
 namespace {
 QString Q(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype(s.size())); }
-std::filesystem::path PathOf(const QString& s) { return std::filesystem::path(s.toStdString()); }
+std::filesystem::path PathOf(const QString& s) { return std::filesystem::path(QFile::encodeName(s).toStdString()); }
 } // namespace
 
 /// The recent-file list's view of a Qt menu.
@@ -59,7 +62,8 @@ TSynForm::TSynForm(THostEnvironment& host)
     pane = new QLabel(this);
     statusBar()->addWidget(pane, 1);
   }
-  resize(1040, 740);
+  // Every tab caption shows, in whichever language they are.
+  resize(std::max(1040, MainPages->tabBar()->sizeHint().width() + 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 8), 740);
   FDocument->EnablePages(false);
   PagesReloaded();
   StateChanged();
@@ -163,7 +167,13 @@ TMsgResult TSynForm::MessageBox(const std::u16string& text, TMsgButtons buttons,
   const QMessageBox::StandardButtons shown = buttons == TMsgButtons::mbOk       ? B::Ok
                                              : buttons == TMsgButtons::mbYesNo ? B::Yes | B::No
                                                                                : B::Yes | B::No | B::Cancel;
-  switch (QMessageBox::question(this, title.empty() ? windowTitle() : Q(title), Q(text), shown)) {
+  QMessageBox box(QMessageBox::Question, title.empty() ? windowTitle() : Q(title), Q(text), shown, this);
+  // The language file's words where it has them; Qt's own translation otherwise.
+  const std::pair<B, std::u16string_view> texts[] = {{B::Ok, u"100"}, {B::Cancel, u"101"}, {B::Yes, u"102"}, {B::No, u"103"}};
+  for (const auto& [which, id] : texts)
+    if (QAbstractButton* button = box.button(which))
+      if (const std::optional<std::u16string> text = FHost.Language.FileText(u"Buttons", id)) button->setText(Q(*text));
+  switch (box.exec()) {
   case B::Yes: return TMsgResult::mrYes;
   case B::No: return TMsgResult::mrNo;
   case B::Ok: return TMsgResult::mrOk;
@@ -198,22 +208,21 @@ void TSynForm::Pause(std::chrono::milliseconds time) {
   loop.exec();
 }
 
-namespace {
-QString DialogFilter(const TFileDialogOptions& o) {
-  return Q(o.Filter.substr(0, o.Filter.find(u'('))) + "(" + Q(o.Mask) + ")";
+// Qt separates a filter's patterns by blanks, where the document's masks use `;`.
+QString QtFileFilter(const TFileDialogOptions& o) {
+  return Q(o.Filter.substr(0, o.Filter.find(u'('))) + "(" + Q(o.Mask).replace(';', ' ') + ")";
 }
-} // namespace
 
 std::optional<std::filesystem::path> TSynForm::OpenDialog(const TFileDialogOptions& options) {
   const QString name = QFileDialog::getOpenFileName(this, QString(), QString::fromStdString(options.InitialFolder.string()),
-                                                    DialogFilter(options));
+                                                    QtFileFilter(options));
   if (name.isEmpty()) return std::nullopt;
   return PathOf(name);
 }
 
 std::optional<std::filesystem::path> TSynForm::SaveDialog(const TFileDialogOptions& options) {
   const std::filesystem::path start = options.FileName.empty() ? options.InitialFolder : options.FileName;
-  QFileDialog dialog(this, QString(), QString::fromStdString(start.string()), DialogFilter(options));
+  QFileDialog dialog(this, QString(), QString::fromStdString(start.string()), QtFileFilter(options));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(Q(options.DefaultExtension));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
@@ -227,15 +236,11 @@ void TSynForm::SetWaitCursor(bool bWait) {
 }
 
 void TSynForm::StateChanged() {
-  setWindowTitle(Q(FDocument->Caption()));
+  setWindowTitle(Q(FDocument->Caption()) + (FDocument->Modified() ? " *" : ""));
   for (int pane = 0; pane < 2; ++pane) FStatus[pane]->setText(Q(FDocument->StatusText(pane)));
+  // Without a document no control of any page takes input; the tabs still switch.
   const bool bEnabled = FDocument->PagesEnabled();
-  for (QWidget* w : std::initializer_list<QWidget*>{MultiHighlightTree, SyntaxOptionTree, RegionOptionTree,
-                                                     FoldOptionTree, BlockTree, FoldingTree, SampleMemo,
-                                                     BtnInfoKeyAdd, OptionSubPages})
-    w->setEnabled(bEnabled);
-  for (QToolBar* bar : findChildren<QToolBar*>()) bar->setEnabled(bEnabled);
-  for (QPushButton* button : FHintButtons) button->setEnabled(bEnabled);
+  for (int page = 0; page < MainPages->count(); ++page) MainPages->widget(page)->setEnabled(bEnabled);
   if (MainPages->currentIndex() != FDocument->ActivePage()) MainPages->setCurrentIndex(FDocument->ActivePage());
 }
 

@@ -41,6 +41,9 @@ struct TGroupPageWidgets {
   QAction* ItemAdd = nullptr;
 };
 
+/// A file dialog's filter in the form Qt reads.
+QString QtFileFilter(const TFileDialogOptions& options);
+
 class TSynForm : public QMainWindow, public IWorkbenchUi {
   Q_OBJECT
 public:

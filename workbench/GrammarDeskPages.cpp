@@ -67,20 +67,17 @@ QWidget* Stacked(std::initializer_list<std::pair<QWidget*, int>> parts, int marg
 void TSynForm::CreatePages() {
   MainPages = new QTabWidget(this);
   MainPages->setUsesScrollButtons(true);
-  const std::pair<std::u16string_view, std::u16string_view> captions[] = {
-      {u"050", u"Options"},          {u"051", u"Keywords"},       {u"052", u"Tags"},
-      {u"054", u"User Menu (Ctrl+Space)"}, {u"055", u"Class completion"}, {u"056", u"Tag completion"},
-      {u"057", u"Hints"},            {u"059", u"Syntax sample"},  {u"060", u"Author information"}};
+  const std::u16string_view captions[] = {u"050", u"051", u"052", u"054", u"055", u"056", u"057", u"059", u"060"};
   QWidget* pages[] = {CreateOptionPage(),
-                      CreateGroupPage(FGroupWidgets[0], Text(u"086", u"lblCatagory"), Text(u"087", u"lblItems")),
-                      CreateGroupPage(FGroupWidgets[1], Text(u"088", u"lblCatagory"), Text(u"089", u"lblItems")),
+                      CreateGroupPage(FGroupWidgets[0], Text(u"086"), Text(u"087")),
+                      CreateGroupPage(FGroupWidgets[1], Text(u"088"), Text(u"089")),
                       CreateUserMenuPage(),
-                      CreateGroupPage(FGroupWidgets[2], Text(u"091", u"lblCatagory"), Text(u"092", u"lblItems")),
-                      CreateGroupPage(FGroupWidgets[3], Text(u"089", u"lblCatagory"), Text(u"093", u"lblItems")),
+                      CreateGroupPage(FGroupWidgets[2], Text(u"091"), Text(u"092")),
+                      CreateGroupPage(FGroupWidgets[3], Text(u"089"), Text(u"093")),
                       CreateHintsPage(),
                       CreateSamplePage(),
                       CreateAuthorPage()};
-  for (size_t i = 0; i < std::size(pages); ++i) MainPages->addTab(pages[i], Text(captions[i].first, captions[i].second));
+  for (size_t i = 0; i < std::size(pages); ++i) MainPages->addTab(pages[i], Text(captions[i]));
   setCentralWidget(MainPages);
 }
 

@@ -3,21 +3,38 @@
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
 #include "platform/ShellFolders.h"
+#include "workbench/EnglishTexts.h"
 
 namespace orl {
 namespace fs = std::filesystem;
 
+namespace {
+// What a text falls back to: the built-in English one, else the caller's.
+std::u16string_view DefaultText(std::u16string_view section, std::u16string_view id, std::u16string_view fallback) {
+  const std::u16string_view english = EnglishText(section, id);
+  return english.empty() ? fallback : english;
+}
+} // namespace
+
 std::u16string TLanguageTexts::Text(std::u16string_view section, std::u16string_view id,
                                     std::u16string_view fallback) const {
-  std::u16string text(fallback);
-  if (FFile) FFile->ReadWideString(section, id, fallback, text);
+  const std::u16string_view def = DefaultText(section, id, fallback);
+  std::u16string text(def);
+  if (FFile) FFile->ReadWideString(section, id, def, text);
   return text;
+}
+
+std::optional<std::u16string> TLanguageTexts::FileText(std::u16string_view section, std::u16string_view id) const {
+  std::u16string text;
+  if (FFile && FFile->ReadWideString(section, id, u"", text)) return text;
+  return std::nullopt;
 }
 
 std::u16string TLanguageTexts::Hint(std::u16string_view section, std::u16string_view id,
                                     std::u16string_view fallback) const {
-  std::u16string text(fallback);
-  if (FFile) FFile->ReadWideStringHint(section, id, fallback, text);
+  const std::u16string_view def = DefaultText(section, id, fallback);
+  std::u16string text(def);
+  if (FFile) FFile->ReadWideStringHint(section, id, def, text);
   else std::erase(text, u'&');
   return text;
 }
@@ -33,7 +50,7 @@ namespace {
 std::unique_ptr<TMemIniFileUTF16> OpenSettings(const fs::path& path) {
   if (!FileExists(path)) return nullptr;
   try {
-    return std::make_unique<TMemIniFileUTF16>(StringFromPath(path));
+    return std::make_unique<TMemIniFileUTF16>(path);
   } catch (const EOrlError&) {
     return nullptr;
   }
@@ -51,7 +68,7 @@ THostEnvironment InitialiseHost(const fs::path& programFile) {
   if (host.SettingsIni) {
     const std::u16string language = host.SettingsIni->ReadString(u"Customize", u"Language", u"eng.ini");
     const fs::path languageFile = host.HostFolder / "Language" / PathFromString(language);
-    if (FileExists(languageFile)) host.Language = TLanguageTexts(std::make_unique<TMemIniFileW>(StringFromPath(languageFile)));
+    if (FileExists(languageFile)) host.Language = TLanguageTexts(std::make_unique<TMemIniFileW>(languageFile));
   }
   return host;
 }

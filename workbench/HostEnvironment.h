@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "definition/MemIni.h"
@@ -25,6 +26,8 @@ public:
     return Text(u"GrammarDesk", id, fallback);
   }
   bool IsOpen() const { return FFile != nullptr; }
+  /// The language file's own text, without any fallback.
+  std::optional<std::u16string> FileText(std::u16string_view section, std::u16string_view id) const;
 
 private:
   std::unique_ptr<TMemIniFileW> FFile;

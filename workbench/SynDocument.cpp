@@ -13,11 +13,7 @@ namespace {
 
 constexpr std::u16string_view kClearedStatus = u"Press \"New\" or \"Open\" a file to edit!";
 
-// Runtime texts have no fallback in the language file's scheme; a missing
-// language file must still not leave a question box empty.
-constexpr std::u16string_view kText202 = u"Open a syntax definition or create a new one.";
-constexpr std::u16string_view kText203 = u"The syntax definition has been modified. Save the changes?";
-constexpr std::u16string_view kText204 = u"The new syntax definition has not been saved. Save it now?";
+constexpr std::array<const char*, 3> kCrashDataExtensions = {".txt", ".gdx", ".ini"};
 
 class TWaitCursor {
 public:
@@ -34,14 +30,14 @@ std::u16string FileNameOnly(const fs::path& path) { return StringFromPath(path.f
 
 TSynDocument::TSynDocument(THostEnvironment& host, IWorkbenchUi& ui)
     : FHost(host), FUi(ui), FVersionLists(host.HostFolder) {
-  FCaption = FHost.Language.GrammarDesk(u"000", u"Orl GrammarDesk");
-  FStatus[0] = FHost.Language.GrammarDesk(u"202", kText202);
+  FCaption = Text(u"000");
+  FStatus[0] = Text(u"202");
 }
 
 TSynDocument::~TSynDocument() = default;
 
 void TSynDocument::UpdateCaption() {
-  FCaption = FHost.Language.GrammarDesk(u"000", u"Orl GrammarDesk");
+  FCaption = Text(u"000");
   if (!CurrentFileNameValue.empty()) FCaption += u" - " + BaseNameOf(CurrentFileNameValue);
   FUi.StateChanged();
 }
@@ -52,6 +48,7 @@ void TSynDocument::SetStatus(std::u16string pane1, std::u16string pane2) {
 }
 
 void TSynDocument::SetModified() {
+  if (!HasDocument()) return;  // an edit of a page without document changes nothing
   FModified = true;
   FStatus[1] = u"Modified";
   FUi.StateChanged();
@@ -60,15 +57,15 @@ void TSynDocument::SetModified() {
 bool TSynDocument::ConfirmSave() {
   if (!FModified) return true;
   const bool bHasName = !CurrentFileNameValue.empty();
-  const std::u16string question =
-      bHasName ? FHost.Language.GrammarDesk(u"203", kText203) : FHost.Language.GrammarDesk(u"204", kText204);
-  switch (FUi.MessageBox(question, TMsgButtons::mbYesNoCancel)) {
+  switch (FUi.MessageBox(Text(bHasName ? u"203" : u"204"), TMsgButtons::mbYesNoCancel)) {
   case TMsgResult::mrCancel: return false;
   case TMsgResult::mrYes:
     if (bHasName) FileSave();
     else FileSaveAs();  // its own Cancel does not stop the caller
     return true;
-  default: return true;
+  default:
+    ReleaseCrashData();
+    return true;
   }
 }
 
@@ -96,7 +93,7 @@ void TSynDocument::ClearDocument() {
   FSynGdx.reset();
   FSynIni.reset();
   FModified = false;
-  FCaption = FHost.Language.GrammarDesk(u"000", u"Orl GrammarDesk");
+  FCaption = Text(u"000");
   ReloadPageModels();
   FUi.PagesReloaded();
   SetStatus(std::u16string(kClearedStatus), u"");
@@ -148,11 +145,15 @@ void TSynDocument::SaveDefinition(const fs::path& fileName, bool bRecovery) {
     return;
   }
   TWaitCursor wait(FUi);
-  SaveDefinitionFiles(FPages, *FSynGdx, *FSynIni, fileName, false);
+  // The version list is written with the pair, so a list that cannot be
+  // written stops the save before either file is replaced.
+  std::vector<TFileImage> files = DefinitionFileImages(FPages, *FSynGdx, *FSynIni, fileName, false);
   TMemIniFileUTF16& list = FVersionLists.ListFor(fileName);
   WriteVersionInfo(list, BaseNameOf(fileName), FPages.Version);
-  list.UpdateFile();
+  files.push_back(list.FileImage());
+  WriteFilesAtomic(files);
   FModified = false;
+  ReleaseCrashData();
   SetStatus(FileNameOnly(fileName), u"Saved!");
 }
 
@@ -252,14 +253,42 @@ void TSynDocument::ProcessCommandLine(const std::vector<std::string>& arguments)
     RestoreRecovery();
     return;
   }
+  OfferCrashData();
   for (const std::string& argument : arguments) {
     if (!FileExists(argument)) continue;
     try {
-      OpenFile(argument);
+      // A relative name would mean another file once the working folder changes.
+      OpenFile(fs::absolute(argument).lexically_normal());
     } catch (const EOrlError& e) {
       FUi.MessageBox(Utf8ToUtf16(e.what()), TMsgButtons::mbOk);
     }
   }
+}
+
+// Crash data that no restart picked up (a second crash soon after a restart is
+// not restarted) is offered at the next start instead of lying there unseen.
+void TSynDocument::OfferCrashData() {
+  if (!CrashDataPresent()) return;
+  switch (FUi.MessageBox(Text(u"206"), TMsgButtons::mbYesNo)) {
+  case TMsgResult::mrYes: RestoreRecovery(); break;
+  case TMsgResult::mrNo: RemoveCrashData(); break;
+  default: break;
+  }
+}
+
+bool TSynDocument::CrashDataPresent() const {
+  return FileExists(CrashDataFile(".txt")) && FileExists(CrashDataFile(".gdx"));
+}
+
+void TSynDocument::RemoveCrashData() {
+  std::error_code ec;
+  for (const char* extension : kCrashDataExtensions) fs::remove(CrashDataFile(extension), ec);
+}
+
+void TSynDocument::ReleaseCrashData() {
+  if (!FHoldsCrashData) return;
+  FHoldsCrashData = false;
+  RemoveCrashData();
 }
 
 fs::path TSynDocument::CrashDataFile(std::string_view extension) const {
@@ -267,24 +296,22 @@ fs::path TSynDocument::CrashDataFile(std::string_view extension) const {
 }
 
 void TSynDocument::SaveRecovery() {
-  std::error_code ec;
   if (!HasDocument()) {
     // Nothing to save: no stale crash data may come back at the restart.
-    for (const char* extension : {".txt", ".gdx", ".ini"}) fs::remove(CrashDataFile(extension), ec);
+    RemoveCrashData();
     return;
   }
+  std::error_code ec;
   fs::create_directories(FHost.CrashDataFolder(), ec);
-  TStringList line;
-  line.Add(StringFromPath(CurrentFileNameValue));
-  line.SaveToFile(CrashDataFile(".txt"));
+  // The name as the system spells it, so that a name that is no valid text comes back unchanged.
+  WriteFileAtomic(CrashDataFile(".txt"), CurrentFileNameValue.native() + "\n");
   SaveDefinition(CrashDataFile(".gdx"), true);
 }
 
 void TSynDocument::RestoreRecovery() {
-  if (!FileExists(CrashDataFile(".txt")) || !FileExists(CrashDataFile(".gdx"))) return;
-  TStringList lines;
-  lines.LoadFromFile(CrashDataFile(".txt"), SystemAnsiCodePage());
-  const fs::path ownName = PathFromString(lines.Strings(0));
+  if (!CrashDataPresent()) return;
+  const std::string line = ReadFileBytes(CrashDataFile(".txt"));
+  const fs::path ownName = line.substr(0, line.find_first_of("\r\n"));
   EnablePages(true);
   ClearDocument();
   CurrentFileNameValue.clear();
@@ -295,8 +322,9 @@ void TSynDocument::RestoreRecovery() {
     throw;
   }
   UpdateCaption();
-  std::error_code ec;
-  for (const char* extension : {".txt", ".gdx", ".ini"}) fs::remove(CrashDataFile(extension), ec);
+  // Restored edits are unsaved edits: Close and Exit must ask before they are gone.
+  FHoldsCrashData = true;
+  SetModified();
 }
 
 } // namespace orl
@@ -359,21 +387,21 @@ std::optional<fs::path> TSynDocument::RunWordFileConverter(fs::path source) {
   std::optional<TChildProcess> process =
       TChildProcess::Start(converter, {source.filename().string()}, source.parent_path());
   if (!process) {
-    SetStatus(u"The word-file converter could not be started.", u"");
+    SetStatus(Text(u"207"), u"");
     return std::nullopt;
   }
   const auto deadline = std::chrono::steady_clock::now() + kConverterLimit;
   while (process->Running()) {
     if (std::chrono::steady_clock::now() > deadline) {
       process->Kill();
-      SetStatus(u"The word-file converter did not finish and was stopped.", u"");
+      SetStatus(Text(u"208"), u"");
       return std::nullopt;
     }
     FUi.Pause(kConverterPoll);
   }
   fs::path result = fs::path(source).replace_extension(".gdx");
   if (!FileExists(result)) {
-    SetStatus(u"The word-file converter left no definition.", u"");
+    SetStatus(Text(u"209"), u"");
     return std::nullopt;
   }
   return result;

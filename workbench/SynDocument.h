@@ -108,8 +108,11 @@ public:
   void ProcessCommandLine(const std::vector<std::string>& arguments);
   /// Writes the crash data; runs on the recovery thread.
   void SaveRecovery();
-  /// Reopens the document from the crash data under its own name.
+  /// Reopens the document from the crash data under its own name, modified:
+  /// the crash data stays until the document is saved or its changes declined.
   void RestoreRecovery();
+  /// True while crash data waits in the host's temp folder.
+  bool CrashDataPresent() const;
 
   std::filesystem::path CrashDataFile(std::string_view extension) const;
 
@@ -121,6 +124,10 @@ private:
   void ReloadPageModels();
   bool HelpOnline() const;
   std::optional<std::filesystem::path> RunWordFileConverter(std::filesystem::path source);
+  void RemoveCrashData();
+  /// Removes the crash data when this document came from it.
+  void ReleaseCrashData();
+  void OfferCrashData();
 
   THostEnvironment& FHost;
   IWorkbenchUi& FUi;
@@ -129,6 +136,7 @@ private:
   std::unique_ptr<TMemIniFile> FSynIni;
   TDefinitionPages FPages;
   bool FModified = false;
+  bool FHoldsCrashData = false;  // the document came from crash data not yet saved or declined
   bool FPagesEnabled = false;
   int FActivePage = mpOptions;
   std::filesystem::path CurrentFileNameValue;

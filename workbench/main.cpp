@@ -5,6 +5,7 @@
 
 #include "platform/ShellFolders.h"
 #include "workbench/AddKeywordsDialog.h"
+#include "workbench/ApplicationSetup.h"
 #include "workbench/GrammarDeskMain.h"
 #include "workbench/SyntaxAbout.h"
 #include "workbench/UserMenuDialog.h"
@@ -13,6 +14,8 @@ int main(int argc, char** argv) {
   orl::THostEnvironment host = orl::InitialiseHost(orl::ProgramFilePath());
   QApplication app(argc, argv);
   QApplication::setApplicationName("GrammarDesk");
+  orl::InstallQtTranslations(host);
+  orl::ApplyGuiFont(host);
   orl::TSynForm form(host);
   form.RegisterRecovery();
   orl::TSyntaxAbout about(host.Language, &form);

@@ -3,6 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTabBar>
+#include <QTimer>
+#include <QTranslator>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -15,6 +20,7 @@
 #include "definition/MemIni.h"
 #include "platform/CodePages.h"
 #include "platform/FileIO.h"
+#include "workbench/ApplicationSetup.h"
 #include "workbench/GrammarDeskMain.h"
 
 using namespace orl;
@@ -128,4 +134,80 @@ TEST(Language, MissingOrGarbledFilesGiveFallbacks) {
   THostEnvironment truncated = InitialiseHost(host / "GrammarDesk" / "grammardesk");
   TSynForm second(truncated);
   EXPECT_EQ(second.windowTitle(), "Orl GrammarDesk");
+}
+
+namespace {
+
+/// A host folder with the German language file chosen, and `settings` added to [Customize].
+fs::path GermanHost(const test::TTempFolder& dir, const std::vector<std::pair<std::u16string, std::u16string>>& settings = {}) {
+  const fs::path host = dir / "host";
+  fs::create_directories(host / "Language");
+  fs::copy_file(fs::path(HOST_DIR) / "Language" / "deu.ini", host / "Language" / "deu.ini");
+  TMemIniFileUTF16 ini(host / "Quillet.ini");
+  ini.WriteString(u"Customize", u"Language", u"deu.ini");
+  for (const auto& [key, value] : settings) ini.WriteString(u"Customize", key, value);
+  ini.UpdateFile();
+  return host;
+}
+
+} // namespace
+
+TEST(Language, GermanQuestionsAndQtsOwnTextsAreGerman) {
+  test::TTempFolder dir;
+  THostEnvironment host = InitialiseHost(GermanHost(dir) / "GrammarDesk" / "grammardesk");
+  QTranslator* qtTexts = InstallQtTranslations(host);
+  ASSERT_NE(qtTexts, nullptr) << "Qt's translations are missing";
+  EXPECT_NE(QCoreApplication::translate("QFileDialog", "Look in:"), "Look in:");
+  TSynForm form(host);
+  QStringList buttons;
+  QTimer::singleShot(0, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box) return;
+    for (QAbstractButton* button : box->buttons()) buttons << button->text();
+    box->button(QMessageBox::No)->click();
+  });
+  EXPECT_EQ(form.MessageBox(u"?", TMsgButtons::mbYesNoCancel), TMsgResult::mrNo);
+  buttons.sort();
+  EXPECT_EQ(buttons, QStringList({"Abbrechen", "Ja", "Nein"}));
+  QCoreApplication::removeTranslator(qtTexts);
+  delete qtTexts;
+}
+
+TEST(Language, EveryGermanTabCaptionShowsAtTheStartSize) {
+  test::TTempFolder dir;
+  THostEnvironment host = InitialiseHost(GermanHost(dir) / "GrammarDesk" / "grammardesk");
+  TSynForm form(host);
+  form.show();
+  QApplication::processEvents();
+  const QTabBar& tabs = *form.MainPages->tabBar();
+  EXPECT_LE(tabs.tabRect(tabs.count() - 1).right(), tabs.width());
+  EXPECT_LE(tabs.sizeHint().width(), tabs.width());
+}
+
+TEST(Language, TheSettingsChooseTheApplicationsFont) {
+  test::TTempFolder dir;
+  THostEnvironment host = InitialiseHost(
+      GermanHost(dir, {{u"GUIFont", u"Liberation Serif"}, {u"GUIFontSize", u"13"}}) / "GrammarDesk" / "grammardesk");
+  const QFont before = QApplication::font();
+  ApplyGuiFont(host);
+  EXPECT_EQ(QApplication::font().family(), "Liberation Serif");
+  EXPECT_EQ(QApplication::font().pointSize(), 13);
+  QApplication::setFont(before);
+}
+
+TEST(Language, WithoutALanguageFileEveryTextIsTheEnglishOne) {
+  test::TTempFolder dir;
+  const fs::path bare = dir / "bare", english = dir / "english";
+  fs::create_directories(english / "Language");
+  fs::copy_file(fs::path(HOST_DIR) / "Language" / "eng.ini", english / "Language" / "eng.ini");
+  test::WriteBytes(english / "Quillet.ini", "");
+  THostEnvironment withoutFile = InitialiseHost(bare / "GrammarDesk" / "grammardesk");
+  THostEnvironment withFile = InitialiseHost(english / "GrammarDesk" / "grammardesk");
+  ASSERT_TRUE(withFile.Language.IsOpen());
+  TSynForm formWithout(withoutFile), formWith(withFile);
+  formWithout.Document().FileNew();
+  formWith.Document().FileNew();
+  EXPECT_EQ(VisibleTexts(formWithout), VisibleTexts(formWith));
+  for (const QLabel* label : formWithout.MainPages->findChildren<QLabel*>())
+    EXPECT_FALSE(label->text().startsWith("lbl")) << label->text().toStdString();
 }

@@ -98,7 +98,7 @@ TEST_F(PageModelsTest, RuleListsAddEditMoveSortAndDelete) {
   FUi.PromptAnswers = {u"{"};
   folds.Add();
   EXPECT_EQ(folds.RowTexts()[0], u"{");
-  EXPECT_EQ(FUi.Prompted.back(), u" (Fold_Id)");
+  EXPECT_EQ(FUi.Prompted.back(), u"Name: (Fold_Id)");
   folds.EditCell(1, u"begin");  // the row keeps its text until the id changes
   EXPECT_EQ(folds.RowTexts()[0], u"{");
   folds.EditCell(0, u"~b");

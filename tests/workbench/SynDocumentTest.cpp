@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "ScriptedUi.h"
 #include "TempFolder.h"
 #include "definition/DefinitionFormat.h"
@@ -186,13 +188,20 @@ TEST_F(SynDocumentTest, CrashDataBringsTheDocumentBackUnderItsOwnName) {
   TSynDocument restarted(FHost, restartedUi);
   restarted.ProcessCommandLine({"/RESTART"});
   EXPECT_EQ(restarted.CurrentFileName(), a);
-  EXPECT_FALSE(restarted.Modified());
   EXPECT_EQ(restarted.Caption(), u"Orl GrammarDesk - A");
   EXPECT_EQ(restarted.Pages().SyntaxOptions[0], u"#");
   EXPECT_EQ(restarted.Pages().Sample, std::vector<std::u16string>{u"unsaved sample"});
-  EXPECT_FALSE(FileExists(restarted.CrashDataFile(".gdx")));
   TMemIniFile original(StringFromPath(a));
   EXPECT_EQ(original.ReadString(sections::Options, u"LineCommentA", u""), u"//");
+  // The restored edits are unsaved: closing asks, and the crash data stays until the answer is No.
+  EXPECT_TRUE(restarted.Modified());
+  EXPECT_EQ(restarted.StatusText(1), u"Modified");
+  restartedUi.Answers = {TMsgResult::mrCancel};
+  EXPECT_FALSE(restarted.CanClose());
+  EXPECT_TRUE(restarted.CrashDataPresent());
+  restartedUi.Answers = {TMsgResult::mrNo};
+  EXPECT_TRUE(restarted.CanClose());
+  EXPECT_FALSE(restarted.CrashDataPresent());
 
   // No document at the crash: no crash data, and the restart shows no document.
   TSynDocument empty(FHost, restartedUi);
@@ -200,4 +209,108 @@ TEST_F(SynDocumentTest, CrashDataBringsTheDocumentBackUnderItsOwnName) {
   TSynDocument third(FHost, restartedUi);
   third.ProcessCommandLine({"/RESTART"});
   EXPECT_FALSE(third.HasDocument());
+}
+
+TEST_F(SynDocumentTest, SavingTheRestoredDocumentEndsItsCrashData) {
+  const fs::path a = MakeDefinition("A.gdx");
+  FDocument->OpenFile(a);
+  Edit();
+  FDocument->SaveRecovery();
+  test::TScriptedUi restartedUi;
+  TSynDocument restarted(FHost, restartedUi);
+  restarted.ProcessCommandLine({"/RESTART"});
+  restarted.FileSave();
+  EXPECT_FALSE(restarted.Modified());
+  EXPECT_FALSE(restarted.CrashDataPresent());
+  EXPECT_EQ(TMemIniFile(a).ReadString(sections::Options, u"LineCommentA", u""), u"#");
+}
+
+TEST_F(SynDocumentTest, ANormalStartOffersCrashDataThatNoRestartTook) {
+  const fs::path a = MakeDefinition("A.gdx"), b = MakeDefinition("B.gdx");
+  FDocument->OpenFile(a);
+  Edit();
+  FDocument->SaveRecovery();
+
+  test::TScriptedUi cancelUi;  // no answer: the question is put off, the data kept
+  TSynDocument later(FHost, cancelUi);
+  later.ProcessCommandLine({});
+  ASSERT_EQ(cancelUi.Asked.size(), 1u);
+  EXPECT_FALSE(later.HasDocument());
+  EXPECT_TRUE(later.CrashDataPresent());
+
+  test::TScriptedUi yesUi;
+  yesUi.Answers = {TMsgResult::mrYes};
+  TSynDocument restored(FHost, yesUi);
+  restored.ProcessCommandLine({});
+  EXPECT_EQ(restored.CurrentFileName(), a);
+  EXPECT_EQ(restored.Pages().SyntaxOptions[0], u"#");
+  EXPECT_TRUE(restored.Modified());
+
+  test::TScriptedUi noUi;
+  noUi.Answers = {TMsgResult::mrNo};
+  TSynDocument declined(FHost, noUi);
+  declined.ProcessCommandLine({b.string()});
+  EXPECT_FALSE(declined.CrashDataPresent());
+  EXPECT_EQ(declined.CurrentFileName(), b);
+}
+
+TEST_F(SynDocumentTest, NamesStayTheSystemsFromCommandLineToSaveAndCrashData) {
+  const fs::path latin = MakeDefinition("caf\xe9.gdx");  // Latin-1, not UTF-8
+  test::WriteBytes(fs::path(latin).replace_extension(".ini"), "[Sample]\r\n1=kept\r\n");
+  const fs::path folder = latin.parent_path();
+  const fs::path previous = fs::current_path();
+  fs::current_path(folder);
+  FDocument->ProcessCommandLine({latin.filename().string()});
+  fs::current_path(previous);
+  EXPECT_EQ(FDocument->CurrentFileName(), latin);  // absolute, before it reaches the recent files
+  EXPECT_EQ(FDocument->RecentFiles().Strings().Strings(0), StringFromPath(latin));
+  EXPECT_EQ(FDocument->Pages().Sample, std::vector<std::u16string>{u"kept"});
+
+  Edit();
+  FDocument->SaveRecovery();
+  test::TScriptedUi restartedUi;
+  TSynDocument restarted(FHost, restartedUi);
+  restarted.ProcessCommandLine({"/RESTART"});
+  EXPECT_EQ(restarted.CurrentFileName(), latin);
+  restarted.FileSave();
+  EXPECT_EQ(TMemIniFile(latin).ReadString(sections::Options, u"LineCommentA", u""), u"#");
+  EXPECT_EQ(TMemIniFile(fs::path(latin).replace_extension(".ini")).ReadString(sections::Sample, u"1", u""), u"kept");
+  std::set<fs::path> files;
+  for (const auto& entry : fs::directory_iterator(folder))
+    if (entry.is_regular_file()) files.insert(entry.path().filename());
+  EXPECT_EQ(files, (std::set<fs::path>{latin.filename(), "caf\xe9.ini", "_list.ver"})) << "a file under another name appeared";
+}
+
+TEST_F(SynDocumentTest, ASaveThatCannotWriteBothFilesWritesNeither) {
+  FDocument->OpenFile(MakeDefinition("A.gdx"));
+  Edit();
+  const fs::path target = FHostDir / "syntax" / "T.gdx";
+  fs::create_directories(target);  // the definition cannot be written
+  test::WriteBytes(fs::path(target).replace_extension(".ini"), "[Comment]\r\n1=the user's own\r\n");
+  FUi.Files = {target};
+  EXPECT_THROW(FDocument->FileSaveAs(), EFileError);
+  EXPECT_EQ(test::ReadBytes(fs::path(target).replace_extension(".ini")), "[Comment]\r\n1=the user's own\r\n");
+  EXPECT_TRUE(FDocument->Modified());
+  for (const auto& entry : fs::directory_iterator(FHostDir / "syntax"))
+    EXPECT_EQ(entry.path().filename().string().find(".tmp"), std::string::npos) << entry.path();
+}
+
+TEST_F(SynDocumentTest, WithoutADocumentNothingCountsAsModified) {
+  FDocument->SetModified();
+  EXPECT_FALSE(FDocument->Modified());
+  FDocument->FileNew();
+  EXPECT_TRUE(FUi.Asked.empty());
+}
+
+TEST_F(SynDocumentTest, TheConvertersMessagesComeFromTheLanguageFile) {
+  THostEnvironment german;
+  german.HostFolder = FHostDir.Path();
+  german.ProgramFile = FHostDir / "GrammarDesk" / "grammardesk";
+  german.Language = TLanguageTexts(std::make_unique<TMemIniFileW>(fs::path(HOST_DIR) / "Language" / "deu.ini"));
+  test::TScriptedUi ui;
+  TSynDocument document(german, ui);
+  test::WriteBytes(FHostDir / "words.txt", "/L1\"Lang\"\n");
+  ui.Files = {FHostDir / "words.txt"};
+  document.FileImportWordfile();  // no converter beside the program
+  EXPECT_EQ(document.StatusText(0), u"Der Wortdatei-Konverter konnte nicht gestartet werden.");
 }

@@ -2,15 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTabWidget>
+#include <QToolBar>
 
 #include "TempFolder.h"
 #include "definition/DefinitionFormat.h"
 #include "platform/FileIO.h"
 #include "widgets/NameValueGrid.h"
+#include "workbench/AddKeywordsDialog.h"
 #include "workbench/GrammarDeskMain.h"
 
 using namespace orl;
@@ -93,6 +100,64 @@ TEST_F(SynFormTest, EditsReachTheSavedFileWithTheirOwnYesRules) {
   EXPECT_FALSE(FForm->SyntaxOptionTree->isEnabled());
   EXPECT_EQ(FForm->BlockNames->count(), 0);
   EXPECT_EQ(FForm->windowTitle(), "Orl GrammarDesk");
+}
+
+TEST_F(SynFormTest, EnterInTheAddDialogAddsAndDeletesNothing) {
+  TAddForm dialog(FHost.Language, FForm.get());
+  dialog.show();
+  dialog.List->addItem("kept");
+  dialog.List->setCurrentRow(0);
+  dialog.Edit->setText("added");
+  dialog.Edit->setFocus();
+  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(dialog.Edit, &enter);
+  ASSERT_EQ(dialog.List->count(), 2);
+  EXPECT_EQ(dialog.List->item(0)->text(), "kept");
+  EXPECT_EQ(dialog.List->item(1)->text(), "added");
+  EXPECT_TRUE(dialog.isVisible());  // neither OK nor Cancel took the key
+}
+
+TEST_F(SynFormTest, NewHintLeavesTheFocusInTheHintsEdit) {
+  FForm->Document().OpenFile(FFile);
+  FForm->MainPages->setCurrentIndex(mpHints);
+  QPushButton* newButton = nullptr;
+  for (QPushButton* button : FForm->MainPages->currentWidget()->findChildren<QPushButton*>())
+    if (button->text() == "New") newButton = button;
+  ASSERT_TRUE(newButton);
+  newButton->setFocus();
+  newButton->click();
+  EXPECT_EQ(FForm->focusWidget(), FForm->HintsEdit);
+}
+
+TEST(SynFormFilter, FileDialogFiltersTakeQtsForm) {
+  EXPECT_EQ(QtFileFilter({u"Word Files (*.txt;*.uew)", u"*.txt;*.uew", u"uew", {}, {}}), "Word Files (*.txt *.uew)");
+  EXPECT_EQ(QtFileFilter({u"Syntax Files (*.gdx)", u"*.gdx", u"gdx", {}, {}}), "Syntax Files (*.gdx)");
+}
+
+TEST_F(SynFormTest, WithoutADocumentNoControlOfAnyPageTakesInput) {
+  auto inputs = [this] {
+    QList<QWidget*> found;
+    for (int page = 0; page < FForm->MainPages->count(); ++page)
+      for (QWidget* w : FForm->MainPages->widget(page)->findChildren<QWidget*>())
+        if (qobject_cast<QLineEdit*>(w) || qobject_cast<QAbstractButton*>(w) || qobject_cast<QPlainTextEdit*>(w) ||
+            qobject_cast<QAbstractItemView*>(w) || qobject_cast<QComboBox*>(w) || qobject_cast<QToolBar*>(w))
+          found << w;
+    return found;
+  };
+  ASSERT_GT(inputs().size(), 30);
+  for (QWidget* w : inputs()) EXPECT_FALSE(w->isEnabled()) << w->metaObject()->className() << " " << w->objectName().toStdString();
+  FForm->Document().FileNew();
+  EXPECT_TRUE(FForm->txtAuthor->isEnabled());
+  EXPECT_TRUE(FForm->HintsEdit->isEnabled());
+  EXPECT_TRUE(FForm->MainPages->isEnabled());
+}
+
+TEST_F(SynFormTest, TheTitleSaysWhenTheDocumentIsModified) {
+  FForm->Document().OpenFile(FFile);
+  FForm->Document().SetModified();
+  EXPECT_EQ(FForm->windowTitle(), "Orl GrammarDesk - C *");
+  FForm->Document().FileSave();
+  EXPECT_EQ(FForm->windowTitle(), "Orl GrammarDesk - C");
 }
 
 int main(int argc, char** argv) {
