@@ -70,7 +70,8 @@ void TOrlMemoStrings::WriteRow(int Index, std::u16string_view S) {
 }
 
 size_t TOrlMemoStrings::AllocatedBytes() const {
-  size_t bytes = FList.Physical() * sizeof(TItem);
+  size_t bytes = FList.Physical() * sizeof(TItem) + FOffsets.AllocatedBytes();
+  for (const TRowPartition<int>& counts : FCounts) bytes += counts.AllocatedBytes();
   for (int i = 0; i < GetCount(); ++i) {
     bytes += Item(i).FString.AllocatedBytes();
     const TTextAttribute* a = Item(i).FObject.get();

@@ -17,6 +17,8 @@
 //    row holds happens under FLock. The background thread reads only under
 //    it, through the ...FromThread functions, and keeps what it read alive by
 //    shared ownership, never by holding the lock.
+// 5. Each running sum over the rows that is built (see FOffsets) matches the
+//    rows, once the rows noted in FRowsToRecheck are read again.
 
 #include <array>
 #include <functional>

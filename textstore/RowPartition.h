@@ -33,6 +33,7 @@ public:
     return row > FStepRow ? stored + FStepDelta : stored;
   }
   T Value(int row) const { return Start(row + 1) - Start(row); }
+  size_t AllocatedBytes() const { return FStarts.Physical() * sizeof(T); }
 
   /// Forgets every sum; Built() is false afterwards.
   void Reset() {
