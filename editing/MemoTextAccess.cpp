@@ -67,26 +67,8 @@ int64_t TOrlCustomMemo::SelLength() {
   return TextFromPos(s.EndX, s.EndY) - TextFromPos(s.StartX, s.StartY);
 }
 
-void TOrlCustomMemo::SetSelStart(int64_t Value) {
-  const TFullPos p = PosFromText(std::max<int64_t>(Value, 0));
-  FSelStartX = FSelEndX = p.x;
-  FSelStartY = FSelEndY = p.Y;
-  SetTextCursorValues(p.x, p.Y);
-  Invalidate();
-  if (OnSelectionChange) OnSelectionChange(false);
-}
+void TOrlCustomMemo::SetSelStart(int64_t Value) { SetSelection(Value, 0, false); }
 
-void TOrlCustomMemo::SetSelLength(int64_t Value) {
-  const int64_t start = SelStart();
-  const TFullPos from = PosFromText(start);
-  const TFullPos to = PosFromText(std::max<int64_t>(start + Value, 0));
-  FSelStartX = from.x;
-  FSelStartY = from.Y;
-  FSelEndX = to.x;
-  FSelEndY = to.Y;
-  SetTextCursorValues(to.x, to.Y);
-  Invalidate();
-  if (OnSelectionChange) OnSelectionChange(false);
-}
+void TOrlCustomMemo::SetSelLength(int64_t Value) { SetSelection(SelStart(), Value, false); }
 
 } // namespace orl
