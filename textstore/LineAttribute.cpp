@@ -1,7 +1,8 @@
 #include "textstore/LineAttribute.h"
 
-#include <functional>
 #include <string_view>
+
+#include "textstore/HashCombine.h"
 
 namespace orl {
 
@@ -28,14 +29,9 @@ const TStyleRef& ClearedStyle() {
 }
 
 template <class T>
-void HashIn(size_t& seed, const T& value) {
-  seed ^= std::hash<T>{}(value) + 0x9e3779b97f4a7c15ull + (seed << 6) + (seed >> 2);
-}
-
-template <class T>
 void HashItems(size_t& seed, const TCompactArray<T>& items) {
   const std::span<const T> bytes = items.Items();
-  HashIn(seed, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size_bytes()));
+  HashCombine(seed, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size_bytes()));
 }
 
 void SetLineEnding(TTextAttribute& a, TSysTextType textType) {
@@ -106,20 +102,20 @@ bool TTextAttribute::SameAs(const TTextAttribute& other) const {
 
 size_t TTextAttribute::Hash() const {
   size_t seed = FClass;
-  HashIn(seed, FBooleanArray.load(std::memory_order_relaxed));
-  HashIn(seed, FBooleanArray2.load(std::memory_order_relaxed));
-  HashIn(seed, ChangeHistory);
-  HashIn(seed, LineNr);
-  HashIn(seed, int(Bookmark));
-  HashIn(seed, FStyle.load(std::memory_order_acquire).get());
+  HashCombine(seed, FBooleanArray.load(std::memory_order_relaxed));
+  HashCombine(seed, FBooleanArray2.load(std::memory_order_relaxed));
+  HashCombine(seed, ChangeHistory);
+  HashCombine(seed, LineNr);
+  HashCombine(seed, int(Bookmark));
+  HashCombine(seed, FStyle.load(std::memory_order_acquire).get());
   HashItems(seed, SpellList);
   if (const TAttribute* a = AsAttribute()) {
     HashItems(seed, a->Braces1);
     HashItems(seed, a->Braces2);
     HashItems(seed, a->Braces3);
     HashItems(seed, a->NodeTopIdNrList);
-    HashIn(seed, a->NodeTopIdNr);
-    HashIn(seed, int(a->NodeLevel));
+    HashCombine(seed, a->NodeTopIdNr);
+    HashCombine(seed, int(a->NodeLevel));
   }
   return seed;
 }
