@@ -1,5 +1,8 @@
 #include "textstore/LineAttribute.h"
 
+#include <cstdint>
+#include <iterator>
+#include <mutex>
 #include <string_view>
 
 #include "textstore/HashCombine.h"
@@ -59,8 +62,26 @@ TAttributePtr NewOfClass(bool bAttribute) {
 
 } // namespace
 
+// The style handle of a row is copied by the background thread while the
+// main thread replaces it. A lock per attribute would cost a row its size, so
+// attributes share a few locks by address; each is held for one handle copy.
+static std::mutex& StyleLock(const TTextAttribute* a) {
+  static std::mutex locks[64];
+  return locks[(reinterpret_cast<uintptr_t>(a) / 64) % std::size(locks)];
+}
+
+TStyleRef TTextAttribute::StyleRecord() const {
+  std::lock_guard lock(StyleLock(this));
+  return FStyle;
+}
+
+void TTextAttribute::SetStyleRecord(TStyleRef record) {
+  std::lock_guard lock(StyleLock(this));
+  FStyle.swap(record);
+}
+
 TStyleRef TTextAttribute::Style() const {
-  TStyleRef record = FStyle.load(std::memory_order_acquire);
+  TStyleRef record = StyleRecord();
   return record ? record : ClearedStyle();
 }
 
@@ -72,7 +93,7 @@ void TTextAttribute::SetStyle(TStyle value) {
 }
 
 void TTextAttribute::ClearStyle(bool bFolding) {
-  const TStyleRef record = FStyle.load(std::memory_order_acquire);
+  const TStyleRef record = StyleRecord();
   if (!record) return;
   TStyle style = *record;
   style.Clear(bFolding);
@@ -88,7 +109,7 @@ bool TTextAttribute::SameAs(const TTextAttribute& other) const {
       FindWrapLen == other.FindWrapLen && FindWrapPos == other.FindWrapPos && Bookmark == other.Bookmark &&
       ChangeLastSavedAt == other.ChangeLastSavedAt && TextDiffKind == other.TextDiffKind &&
       Enabled == other.Enabled && SpellList == other.SpellList &&
-      FStyle.load(std::memory_order_acquire) == other.FStyle.load(std::memory_order_acquire);
+      StyleRecord() == other.StyleRecord();
   if (!bOwnFields) return false;
   const TAttribute* a = AsAttribute();
   const TAttribute* b = other.AsAttribute();
@@ -107,7 +128,7 @@ size_t TTextAttribute::Hash() const {
   HashCombine(seed, ChangeHistory);
   HashCombine(seed, LineNr);
   HashCombine(seed, int(Bookmark));
-  HashCombine(seed, FStyle.load(std::memory_order_acquire).get());
+  HashCombine(seed, StyleRecord().get());
   HashItems(seed, SpellList);
   if (const TAttribute* a = AsAttribute()) {
     HashItems(seed, a->Braces1);
