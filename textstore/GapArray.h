@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -69,7 +70,7 @@ public:
   /// Destroys every item and frees the storage.
   void Clear() {
     for (size_t i = 0; i < Count(); ++i) (*this)[i].~T();
-    ::operator delete(static_cast<void*>(FItems));
+    std::free(FItems);
     FItems = nullptr;
     FPhysical = FGapStart = FGapLength = 0;
   }
@@ -104,15 +105,24 @@ private:
   }
 
   // Geometric growth keeps loading linear; the new gap opens where the old
-  // one was, so the next insertion there moves nothing.
+  // one was, so the next insertion there moves nothing. With the gap at the
+  // end, as while loading, the allocator may move a large array by
+  // remapping its pages: no copy, and never the old and the new array at once.
   void Reallocate(size_t physical) {
     physical = std::max(physical, kMinimumSlots);
-    T* items = static_cast<T*>(::operator new(physical * sizeof(T)));
-    AdviseHugePages(items, physical * sizeof(T));
     const size_t tail = FPhysical - FGapStart - FGapLength;
-    Relocate(items, FItems, FGapStart);
-    Relocate(items + physical - tail, FItems + FGapStart + FGapLength, tail);
-    ::operator delete(static_cast<void*>(FItems));
+    T* items = nullptr;
+    if (tail == 0 && physical >= FGapStart) {
+      items = static_cast<T*>(std::realloc(static_cast<void*>(FItems), physical * sizeof(T)));
+      if (!items) throw std::bad_alloc();
+    } else {
+      items = static_cast<T*>(std::malloc(physical * sizeof(T)));
+      if (!items) throw std::bad_alloc();
+      Relocate(items, FItems, FGapStart);
+      Relocate(items + physical - tail, FItems + FGapStart + FGapLength, tail);
+      std::free(FItems);
+    }
+    AdviseHugePages(items, physical * sizeof(T));
     FItems = items;
     FGapLength = physical - FGapStart - tail;
     FPhysical = physical;

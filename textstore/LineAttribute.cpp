@@ -1,7 +1,11 @@
 #include "textstore/LineAttribute.h"
 
-#include <functional>
+#include <cstdint>
+#include <iterator>
+#include <mutex>
 #include <string_view>
+
+#include "textstore/HashCombine.h"
 
 namespace orl {
 
@@ -28,14 +32,9 @@ const TStyleRef& ClearedStyle() {
 }
 
 template <class T>
-void HashIn(size_t& seed, const T& value) {
-  seed ^= std::hash<T>{}(value) + 0x9e3779b97f4a7c15ull + (seed << 6) + (seed >> 2);
-}
-
-template <class T>
 void HashItems(size_t& seed, const TCompactArray<T>& items) {
   const std::span<const T> bytes = items.Items();
-  HashIn(seed, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size_bytes()));
+  HashCombine(seed, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size_bytes()));
 }
 
 void SetLineEnding(TTextAttribute& a, TSysTextType textType) {
@@ -63,8 +62,26 @@ TAttributePtr NewOfClass(bool bAttribute) {
 
 } // namespace
 
+// The style handle of a row is copied by the background thread while the
+// main thread replaces it. A lock per attribute would cost a row its size, so
+// attributes share a few locks by address; each is held for one handle copy.
+static std::mutex& StyleLock(const TTextAttribute* a) {
+  static std::mutex locks[64];
+  return locks[(reinterpret_cast<uintptr_t>(a) / 64) % std::size(locks)];
+}
+
+TStyleRef TTextAttribute::StyleRecord() const {
+  std::lock_guard lock(StyleLock(this));
+  return FStyle;
+}
+
+void TTextAttribute::SetStyleRecord(TStyleRef record) {
+  std::lock_guard lock(StyleLock(this));
+  FStyle.swap(record);
+}
+
 TStyleRef TTextAttribute::Style() const {
-  TStyleRef record = FStyle.load(std::memory_order_acquire);
+  TStyleRef record = StyleRecord();
   return record ? record : ClearedStyle();
 }
 
@@ -76,7 +93,7 @@ void TTextAttribute::SetStyle(TStyle value) {
 }
 
 void TTextAttribute::ClearStyle(bool bFolding) {
-  const TStyleRef record = FStyle.load(std::memory_order_acquire);
+  const TStyleRef record = StyleRecord();
   if (!record) return;
   TStyle style = *record;
   style.Clear(bFolding);
@@ -92,7 +109,7 @@ bool TTextAttribute::SameAs(const TTextAttribute& other) const {
       FindWrapLen == other.FindWrapLen && FindWrapPos == other.FindWrapPos && Bookmark == other.Bookmark &&
       ChangeLastSavedAt == other.ChangeLastSavedAt && TextDiffKind == other.TextDiffKind &&
       Enabled == other.Enabled && SpellList == other.SpellList &&
-      FStyle.load(std::memory_order_acquire) == other.FStyle.load(std::memory_order_acquire);
+      StyleRecord() == other.StyleRecord();
   if (!bOwnFields) return false;
   const TAttribute* a = AsAttribute();
   const TAttribute* b = other.AsAttribute();
@@ -106,20 +123,20 @@ bool TTextAttribute::SameAs(const TTextAttribute& other) const {
 
 size_t TTextAttribute::Hash() const {
   size_t seed = FClass;
-  HashIn(seed, FBooleanArray.load(std::memory_order_relaxed));
-  HashIn(seed, FBooleanArray2.load(std::memory_order_relaxed));
-  HashIn(seed, ChangeHistory);
-  HashIn(seed, LineNr);
-  HashIn(seed, int(Bookmark));
-  HashIn(seed, FStyle.load(std::memory_order_acquire).get());
+  HashCombine(seed, FBooleanArray.load(std::memory_order_relaxed));
+  HashCombine(seed, FBooleanArray2.load(std::memory_order_relaxed));
+  HashCombine(seed, ChangeHistory);
+  HashCombine(seed, LineNr);
+  HashCombine(seed, int(Bookmark));
+  HashCombine(seed, StyleRecord().get());
   HashItems(seed, SpellList);
   if (const TAttribute* a = AsAttribute()) {
     HashItems(seed, a->Braces1);
     HashItems(seed, a->Braces2);
     HashItems(seed, a->Braces3);
     HashItems(seed, a->NodeTopIdNrList);
-    HashIn(seed, a->NodeTopIdNr);
-    HashIn(seed, int(a->NodeLevel));
+    HashCombine(seed, a->NodeTopIdNr);
+    HashCombine(seed, int(a->NodeLevel));
   }
   return seed;
 }

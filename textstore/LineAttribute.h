@@ -121,9 +121,9 @@ public:
   TStyleRef Style() const;
   void SetStyle(TStyle value);
   /// Takes `record` itself, null for the cleared state: rows with equal states share one.
-  void SetStyleRecord(TStyleRef record) { FStyle.store(std::move(record), std::memory_order_release); }
+  void SetStyleRecord(TStyleRef record);
   /// Takes the very record of `source`.
-  void ShareStyle(const TTextAttribute& source) { SetStyleRecord(source.FStyle.load(std::memory_order_acquire)); }
+  void ShareStyle(const TTextAttribute& source) { SetStyleRecord(source.StyleRecord()); }
   void ClearStyle(bool bFolding);
 
   /// Held by several rows (or kept for them): a writer must copy it first.
@@ -179,10 +179,14 @@ private:
   TAttributeClass FClass;
   std::atomic<bool> FShared = false;
   std::atomic<uint32_t> FRefCount{0};
+  /// The record itself, null for the cleared state.
+  TStyleRef StyleRecord() const;
+
   // Null stands for the cleared record, which most rows of a plain memo keep;
   // records are immutable, so a reader on another thread may keep one after
-  // the row has moved on.
-  std::atomic<TStyleRef> FStyle;
+  // the row has moved on. The handle itself is read and written under one of
+  // a few shared locks (see LineAttribute.cpp).
+  TStyleRef FStyle;
 };
 
 #undef ORL_LINE_FLAG

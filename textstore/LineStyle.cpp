@@ -1,7 +1,8 @@
 #include "textstore/LineStyle.h"
 
-#include <functional>
 #include <string_view>
+
+#include "textstore/HashCombine.h"
 
 namespace orl {
 
@@ -32,14 +33,14 @@ bool TStyle::operator==(const TStyle& other) const {
 
 size_t TStyle::Hash() const {
   size_t seed = 0;
-  const auto mix = [&seed](size_t value) { seed ^= value + 0x9e3779b97f4a7c15ull + (seed << 6) + (seed >> 2); };
+  const auto mix = [&seed](size_t value) { HashCombine(seed, value); };
   mix(FBooleanArray);
   mix(size_t(NodeSection));
   mix(Properties.FBooleanArray);
   mix(size_t(Properties.ScriptType) << 8 | size_t(uint8_t(Properties.BracketId)) << 16 |
       size_t(uint8_t(Properties.Index)) << 24 | size_t(uint8_t(Properties.CommentStyle)) << 32);
   mix(size_t(uint8_t(Block.Id)));
-  mix(std::hash<std::u16string_view>{}(Block.HereDocString));
+  HashCombine(seed, std::u16string_view(Block.HereDocString));
   mix(Block.Cache.size());
   mix(NodeStyles.size());
   mix(RegionStyles.size());

@@ -17,6 +17,9 @@ namespace {
 // scan; beyond this many distinct fresh states a row simply gets its own.
 constexpr size_t kMaxFreshStates = 16;
 
+// Rows noted for sharing that the list keeps before it drops duplicates.
+constexpr size_t kMinScannedRowsKept = 1 << 16;
+
 // Beyond this many pending invalidations they are written into the rows.
 constexpr size_t kMaxStyleInvalidations = 4096;
 
@@ -155,6 +158,15 @@ void TOrlMemoStrings::SetLineStyleFromThread(int Index, const TStyle& Value) {
   std::lock_guard lock(FLock);
   if (!ValidIndex(Index)) return;
   WriteRowStyle(Index, Value);
+  // Scan after scan may note the same rows while the main thread has no turn:
+  // duplicates go when the list outgrows the rows, which bounds it at twice
+  // the row count and costs O(log n) a row.
+  if (FRowsScannedByThread.size() >= 2 * size_t(GetCount()) + kMinScannedRowsKept) {
+    std::ranges::sort(FRowsScannedByThread);
+    const auto [first, last] = std::ranges::unique(FRowsScannedByThread);
+    FRowsScannedByThread.erase(first, last);
+    std::erase_if(FRowsScannedByThread, [this](int row) { return row >= GetCount(); });
+  }
   FRowsScannedByThread.push_back(Index);
 }
 

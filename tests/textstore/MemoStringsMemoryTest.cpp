@@ -98,6 +98,23 @@ TEST(MemoStringsSharing, AnAttributeHeldElsewhereStaysTheRowsOwn) {
   EXPECT_EQ(given->Style()->Properties.CommentStyle, 0);
 }
 
+TEST(MemoStringsSharing, RowsTheThreadScannedShareAtTheMainThreadsTurn) {
+  TStyledStore doc;
+  TOrlMemoStrings& store = doc.Store;
+  std::thread([&] {
+    for (int i = 0; i < store.GetCountFromThread(); ++i) {
+      store.GetLineAttributeFromThread(i)->SetTodoItem(false);
+      store.SetLineStyleFromThread(i, CachedStyle(i % 2 ? 1 : 0));
+    }
+  }).join();
+  // The main thread might have been writing through a pointer meanwhile.
+  EXPECT_EQ(DistinctAttributes(store), 1000u);
+  store.ShareRowsScannedByThread();
+  EXPECT_EQ(DistinctAttributes(store), 2u);
+  EXPECT_TRUE(store.LineStyleValid(999));
+  EXPECT_EQ(store.ReadLineStyle(999).Properties.CommentStyle, 1);
+}
+
 TEST(MemoStringsThread, FlagsOfBothThreadsOnTheSameRowsAreAllKept) {
   TStyledStore doc;
   TOrlMemoStrings& store = doc.Store;
