@@ -125,7 +125,7 @@ TEST_F(MemoCaret, TheScrollBarAndTheViewMoveTogether) {
   EXPECT_EQ(memo.CurY(), 0);  // the caret stays, hidden above the view
   EXPECT_FALSE(window.bCaretShown);
   memo.ScrollBarMoved(TScrollBarKind::sbVertical, 500);
-  EXPECT_EQ(memo.TopLine(), 91);  // the last row on the last row of the page
+  EXPECT_EQ(memo.TopLine(), 92);  // the row count less the page plus 1
   memo.FGreedyVerticalScroll = true;
   memo.SetTopLine(1000);
   EXPECT_EQ(memo.TopLine(), 100);
