@@ -162,9 +162,9 @@ void TOrlMemoStrings::SetLineStyleFromThread(int Index, const TStyle& Value) {
   // duplicates go when the list outgrows the rows, which bounds it at twice
   // the row count and costs O(log n) a row.
   if (FRowsScannedByThread.size() >= 2 * size_t(GetCount()) + kMinScannedRowsKept) {
-    std::ranges::sort(FRowsScannedByThread);
-    const auto [first, last] = std::ranges::unique(FRowsScannedByThread);
-    FRowsScannedByThread.erase(first, last);
+    std::sort(FRowsScannedByThread.begin(), FRowsScannedByThread.end());
+    FRowsScannedByThread.erase(std::unique(FRowsScannedByThread.begin(), FRowsScannedByThread.end()),
+                               FRowsScannedByThread.end());
     std::erase_if(FRowsScannedByThread, [this](int row) { return row >= GetCount(); });
   }
   FRowsScannedByThread.push_back(Index);

@@ -114,9 +114,9 @@ const std::map<std::string, std::pair<int, char16_t>>& NamedKeys() {
   return keys;
 }
 
-TKeyStroke ParseKey(const std::string& spec) {
+TKeyStroke ParseKey(const std::string& keyName) {
   TKeyStroke stroke;
-  std::string rest = spec;
+  std::string rest = keyName;
   for (;;) {
     if (rest.starts_with("Shift+")) stroke.Shift |= ssShift;
     else if (rest.starts_with("Ctrl+")) stroke.Shift |= ssCtrl;
@@ -148,7 +148,7 @@ TKeyStroke ParseKey(const std::string& spec) {
       stroke.Char = bLetter && !(stroke.Shift & ssShift) ? char16_t(std::tolower(upper)) : char16_t(upper);
     return stroke;
   }
-  throw EScriptError("unknown key '" + spec + "'");
+  throw EScriptError("unknown key '" + keyName + "'");
 }
 
 std::string JsonText(std::u16string_view text) { return JsonString(text); }
