@@ -10,31 +10,11 @@
 #include <vector>
 
 #include "definition/StringList.h"
+#include "editing/UndoList.h"
 
 namespace orl {
 
 class TOrlCustomMemo;
-
-/// The undo history; Modified reads its save mark.
-class TOrlUndoList {
-public:
-  explicit TOrlUndoList(TOrlCustomMemo* master) : FMasterMemo(master) {}
-  int Count() const { return 0; }
-  bool CanUndo() const { return FPos < Count(); }
-  bool CanRedo() const { return FPos > 0; }
-  /// The text differs from its saved state while the save mark is not zero.
-  bool HasUnsavedSteps() const { return FSavePosIndex != 0; }
-  void MarkSaved() { FSavePos = FPos; FSavePosIndex = 0; }
-  void Clear() { FPos = FSavePos = FSavePosIndex = 0; }
-
-  TOrlCustomMemo* FMasterMemo;
-  int FPos = 0;
-  int FSavePos = 0;
-  int FSavePosIndex = 0;
-  int FLimit = 100;
-  bool FIsPerforming = false;
-  bool FScriptUndo = false;
-};
 
 class TOrlGutter {
 public:
