@@ -10,6 +10,8 @@
 
 #include <unistd.h>
 
+#include "BuildPaths.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -21,7 +23,7 @@ fs::path MakeTestFolder() {
   std::string pattern = (fs::temp_directory_path() / "orlbench.XXXXXX").string();
   const fs::path root = ::mkdtemp(pattern.data());
   const fs::path syntax = root / "syntax";
-  const fs::path bundled = fs::path(HOST_DIR) / "syntax";
+  const fs::path bundled = orl::test::HostDir() / "syntax";
   fs::create_directories(syntax / "tests");
   for (const fs::directory_entry& entry : fs::directory_iterator(bundled))
     if (entry.is_regular_file()) fs::copy_file(entry.path(), syntax / entry.path().filename());
@@ -34,7 +36,7 @@ fs::path MakeTestFolder() {
 void BM_TestThousandFiles(benchmark::State& state) {
   const fs::path root = MakeTestFolder();
   const std::string command =
-      "'" + std::string(GDTOOL_PATH) + "' test '" + (root / "syntax" / "tests").string() + "' >/dev/null";
+      "'" + orl::test::GdtoolPath().string() + "' test '" + (root / "syntax" / "tests").string() + "' >/dev/null";
   for (auto _ : state)
     if (std::system(command.c_str()) != 0) state.SkipWithError("gdtool test failed");
   state.counters["files"] = double(std::distance(fs::directory_iterator(root / "syntax" / "tests"), {}));

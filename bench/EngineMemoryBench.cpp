@@ -22,6 +22,7 @@
 #include "platform/FileIO.h"
 #include "syntax/OrlSyntax.h"
 #include "textstore/OrlMemoStrings.h"
+#include "BuildPaths.h"
 
 using namespace orl;
 
@@ -113,7 +114,7 @@ BENCHMARK(BM_StoreAfterSetTextStr)->Iterations(1)->Unit(benchmark::kMillisecond)
 // then one full state pass over every row.
 void BM_MemoWithStylesAfterFullPass(benchmark::State& state) {
   DocumentText();
-  const std::u16string definition = StringFromPath(std::filesystem::path(HOST_DIR) / "syntax" / "C++.gdx");
+  const std::u16string definition = StringFromPath(orl::test::HostDir() / "syntax" / "C++.gdx");
   for (auto _ : state) {
     const size_t resident = StartMeasuring();
     TOrlMemo memo;

@@ -13,6 +13,7 @@
 #include "platform/FileIO.h"
 #include "syntax/LineTokeniser.h"
 #include "syntax/OrlSyntax.h"
+#include "BuildPaths.h"
 
 using namespace orl;
 
@@ -50,7 +51,7 @@ const std::u16string_view kHtmlLines[] = {
 /// A bundled definition loaded as a memo loads it.
 struct TLoaded {
   explicit TLoaded(const char* name) {
-    const std::filesystem::path gdx = std::filesystem::path(HOST_DIR) / "syntax" / (std::string(name) + ".gdx");
+    const std::filesystem::path gdx = orl::test::HostDir() / "syntax" / (std::string(name) + ".gdx");
     TStringList sample, info;
     Syntax.LoadStyleFromFile(Memo, StringFromPath(gdx), u"Bench", sample, info);
   }

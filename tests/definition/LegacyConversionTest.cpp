@@ -9,6 +9,7 @@
 #include "definition/IniWriteBuffer.h"
 #include "definition/LegacyConversion.h"
 #include "platform/FileIO.h"
+#include "BuildPaths.h"
 
 using namespace orl;
 using namespace orl::legacy;
@@ -217,7 +218,7 @@ TEST(LegacyConversion, LookAheadStaysLinear) {
 // Each older sample opened as the workbench opens it and saved as it saves
 // it must give the reference pair beside it, byte for byte.
 TEST(LegacyConversion, SampleFilesSaveAsTheirReferencePairs) {
-  const fs::path data = fs::path(TESTS_DATA_DIR) / "legacy";
+  const fs::path data = orl::test::TestsDataDir() / "legacy";
   for (const char* name : {"options", "groups", "menus", "plain"}) {
     SCOPED_TRACE(name);
     test::TTempFolder dir;

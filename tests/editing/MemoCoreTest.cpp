@@ -7,6 +7,7 @@
 #include "editing/HeadlessWindow.h"
 #include "editing/OrlMemo.h"
 #include "syntax/OrlSyntax.h"
+#include "BuildPaths.h"
 
 namespace orl {
 namespace {
@@ -191,7 +192,7 @@ TEST(MemoCore, UpdateDPIScalesOnlyOnARealChange) {
 }
 
 TEST(MemoCore, DefinitionsComeAndGoAThousandTimesWithoutLeaks) {
-  const std::u16string definition = std::filesystem::path(HOST_DIR "/syntax/C++.gdx").u16string();
+  const std::u16string definition = (orl::test::HostDir() / "syntax" / "C++.gdx").u16string();
   for (int i = 0; i < 1000; ++i) {
     TOrlMemo memo;
     memo.SetText(u"int main() {\r\n  return 0; /* done */\r\n}");
@@ -213,7 +214,7 @@ namespace {
 
 TEST(MemoCore, EveryBundledDefinitionLoadsIntoTheMemo) {
   int loaded = 0;
-  for (const std::filesystem::path& gdx : test::BundledDefinitions(HOST_DIR)) {
+  for (const std::filesystem::path& gdx : test::BundledDefinitions(orl::test::HostDir())) {
     TOrlMemo memo;
     TOrlSyntax syntax;
     std::u16string asp;
@@ -274,7 +275,7 @@ TEST(MemoCore, LineStatesComeFromTheDefinitionAndAreDroppedByAnEdit) {
 
   TOrlSyntax syntax;
   std::u16string asp;
-  syntax.LoadStyleFromFile(&memo, std::filesystem::path(HOST_DIR "/syntax/C++.gdx").u16string(), u"C++", 0, asp);
+  syntax.LoadStyleFromFile(&memo, (orl::test::HostDir() / "syntax" / "C++.gdx").u16string(), u"C++", 0, asp);
   style = memo.GetUpStyle(1, false);
   EXPECT_EQ(style.Properties.CommentStyle, 1);  // line 1 ends inside the block comment
   EXPECT_EQ(memo.GetUpStyle(2, false).Properties.CommentStyle, 0);

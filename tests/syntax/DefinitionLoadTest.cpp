@@ -4,6 +4,7 @@
 
 #include "SyntaxTestFiles.h"
 #include "syntax/OrlSyntax.h"
+#include "BuildPaths.h"
 
 namespace orl {
 namespace {
@@ -212,7 +213,7 @@ TEST(DefinitionLoad, SampleAndInfoComeFromTheCompanion) {
 }
 
 TEST(DefinitionLoad, EveryBundledDefinitionLoads) {
-  const std::filesystem::path folder = std::filesystem::path(HOST_DIR) / "syntax";
+  const std::filesystem::path folder = orl::test::HostDir() / "syntax";
   int loaded = 0;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
     if (entry.path().extension() != ".gdx") continue;

@@ -11,13 +11,14 @@
 #include "BundledDefinitions.h"
 #include "TokeniserTestKit.h"
 #include "platform/FileIO.h"
+#include "BuildPaths.h"
 
 namespace orl {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<fs::path> BundledDefinitions() { return test::BundledDefinitions(HOST_DIR); }
+std::vector<fs::path> BundledDefinitions() { return test::BundledDefinitions(orl::test::HostDir()); }
 
 std::u16string RandomLine(std::mt19937& random, size_t length) {
   static constexpr std::u16string_view kPieces[] = {u"/*", u"*/", u"//", u"\"", u"'", u"\\", u"<", u">", u"</",

@@ -4,6 +4,7 @@
 #include "GdtoolRun.h"
 #include "TempFolder.h"
 #include "platform/CodePages.h"
+#include "BuildPaths.h"
 
 namespace fs = std::filesystem;
 using orl::test::Gdtool;
@@ -56,9 +57,9 @@ void Mutate(const fs::path& gdx, const std::u16string& from, const std::u16strin
 } // namespace
 
 TEST(DefinitionTestFiles, BundledDefinitionsPassTheirTestFiles) {
-  const TRun run = Gdtool("test " + Quoted((fs::path(HOST_DIR) / "syntax" / "tests").string()));
+  const TRun run = Gdtool("test " + Quoted((orl::test::HostDir() / "syntax" / "tests").string()));
   EXPECT_EQ(run.Status, 0) << run.Output;
-  const size_t definitions = orl::test::BundledDefinitions(HOST_DIR).size();
+  const size_t definitions = orl::test::BundledDefinitions(orl::test::HostDir()).size();
   const std::string summary = std::to_string(definitions) + " test files, 0 with failures, 0 unusable";
   EXPECT_TRUE(Holds(run.Output, summary)) << run.Output;
   EXPECT_TRUE(Holds(run.Output, " failed\n")) << run.Output;
@@ -67,7 +68,7 @@ TEST(DefinitionTestFiles, BundledDefinitionsPassTheirTestFiles) {
 TEST(DefinitionTestFiles, ABrokenDefinitionFailsItsTests) {
   orl::test::TTempFolder dir;
   const fs::path syntax = dir / "syntax";
-  fs::copy(fs::path(HOST_DIR) / "syntax", syntax, fs::copy_options::recursive);
+  fs::copy(orl::test::HostDir() / "syntax", syntax, fs::copy_options::recursive);
   Mutate(syntax / "C++.gdx", u"|return|", u"|");
   Mutate(syntax / "Python.gdx", u"1_End=\"\"\"", u"1_End=\"\"\"!");
 

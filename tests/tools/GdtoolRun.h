@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <string>
 
+#include "BuildPaths.h"
+
 namespace orl::test {
 
 struct TRun {
@@ -25,6 +27,6 @@ inline TRun Run(const std::string& command) {
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
 }
 
-inline TRun Gdtool(const std::string& args) { return Run(Quoted(GDTOOL_PATH) + " " + args + " 2>&1"); }
+inline TRun Gdtool(const std::string& args) { return Run(Quoted(orl::test::GdtoolPath().string()) + " " + args + " 2>&1"); }
 
 } // namespace orl::test

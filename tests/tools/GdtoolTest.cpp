@@ -8,6 +8,7 @@
 #include "GdtoolRun.h"
 #include "TempFolder.h"
 #include "platform/CodePages.h"
+#include "BuildPaths.h"
 
 namespace fs = std::filesystem;
 using orl::test::Gdtool;
@@ -19,7 +20,7 @@ namespace {
 
 /// gdtool run by a user who is bound by file permissions: root reads and writes anything.
 TRun GdtoolUnprivileged(const std::string& args) {
-  return orl::test::Run((::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "") + Quoted(GDTOOL_PATH) +
+  return orl::test::Run((::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "") + Quoted(orl::test::GdtoolPath().string()) +
              " " + args + " 2>&1");
 }
 
@@ -30,7 +31,7 @@ void OpenTo(const fs::path& dir, bool write) {
   fs::permissions(dir, write ? all | fs::perms::group_write | fs::perms::others_write : all);
 }
 
-std::vector<fs::path> BundledDefinitions() { return orl::test::BundledDefinitions(HOST_DIR); }
+std::vector<fs::path> BundledDefinitions() { return orl::test::BundledDefinitions(orl::test::HostDir()); }
 
 } // namespace
 
@@ -102,7 +103,7 @@ TEST(Gdtool, ResaveConvertsAnOlderDefinitionAsTheWorkbenchOpensIt) {
 }
 
 TEST(Gdtool, ConvertWritesTheReferencePairsAndKeepsTheOriginal) {
-  const fs::path data = fs::path(TESTS_DATA_DIR) / "legacy";
+  const fs::path data = orl::test::TestsDataDir() / "legacy";
   const std::vector<std::string> names = {"options.gdx", "groups.gdx", "menus.gdx", "plain.gdx"};
   orl::test::TTempFolder dir;
   std::string files;
@@ -160,7 +161,7 @@ TEST(Gdtool, ConvertFailsAFileRatherThanOverwriteWhatIsInTheWay) {
 }
 
 TEST(Gdtool, StylesShowWhatTheEngineMakesOfADefinition) {
-  const TRun cpp = Gdtool("styles " + Quoted((fs::path(HOST_DIR) / "syntax" / "C++.gdx").string()));
+  const TRun cpp = Gdtool("styles " + Quoted((orl::test::HostDir() / "syntax" / "C++.gdx").string()));
   EXPECT_EQ(cpp.Status, 0) << cpp.Output;
   EXPECT_NE(cpp.Output.find("#Preprocessor: regular expression, colour #"), std::string::npos) << cpp.Output;
   EXPECT_NE(cpp.Output.find("comments: line '//'"), std::string::npos);
@@ -178,10 +179,10 @@ TEST(Gdtool, TokensOfEachBundledSampleMatchTheReviewedOutput) {
   const std::map<std::string, std::string> definitionOf = {
       {".cpp", "C++"}, {".css", "CSS"}, {".html", "HTML"}, {".ini", "INI"}, {".js", "JavaScript"},
       {".php", "PHP"}, {".pas", "Pascal"}, {".py", "Python"}, {".sql", "SQL"}, {".xml", "XML"}};
-  const fs::path data = fs::path(TESTS_DATA_DIR) / "tokens";
+  const fs::path data = orl::test::TestsDataDir() / "tokens";
   for (const auto& [extension, definition] : definitionOf) {
     const fs::path sample = data / ("sample" + extension);
-    const fs::path gdx = fs::path(HOST_DIR) / "syntax" / (definition + ".gdx");
+    const fs::path gdx = orl::test::HostDir() / "syntax" / (definition + ".gdx");
     const TRun run = Gdtool("tokens " + Quoted(sample.string()) + " --syntax " + Quoted(gdx.string()) + " --format json");
     EXPECT_EQ(run.Status, 0) << run.Output;
     EXPECT_EQ(run.Output, ReadBytes(fs::path(sample).concat(".json"))) << sample;
@@ -190,7 +191,7 @@ TEST(Gdtool, TokensOfEachBundledSampleMatchTheReviewedOutput) {
 
 TEST(Gdtool, TokensReadsEveryTextCodingAndRejectsBadInput) {
   orl::test::TTempFolder dir;
-  const std::string cpp = Quoted((fs::path(HOST_DIR) / "syntax" / "C++.gdx").string());
+  const std::string cpp = Quoted((orl::test::HostDir() / "syntax" / "C++.gdx").string());
   const std::u16string text = u"int x; // \u00e9\nreturn 0x1F;";
   orl::test::WriteBytes(dir / "utf16.cpp", orl::EncodeUtf16LE(text, true));
   orl::test::WriteBytes(dir / "utf8bom.cpp", "\xEF\xBB\xBF" + orl::Utf16ToUtf8(text));
@@ -222,7 +223,7 @@ namespace {
 
 /// A current-layout pair under `name` in `dir`, copied from a bundled definition.
 fs::path CopyBundledPair(const fs::path& dir, const std::string& name) {
-  const fs::path source = fs::path(HOST_DIR) / "syntax" / "INI.gdx";
+  const fs::path source = orl::test::HostDir() / "syntax" / "INI.gdx";
   const fs::path target = dir / (name + ".gdx");
   fs::copy_file(source, target);
   fs::copy_file(fs::path(source).replace_extension(".ini"), fs::path(target).replace_extension(".ini"));

@@ -11,6 +11,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "BuildPaths.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -27,7 +29,7 @@ std::string RunScript(const fs::path& script) {
   const std::string text = ReadAll(script);
   if (text.starts_with("#args:")) args = text.substr(6, text.find('\n') - 6);
   const std::string command =
-      "'" + std::string(GDTOOL_PATH) + "' memo" + args + " --script '" + script.string() + "' 2>&1";
+      "'" + orl::test::GdtoolPath().string() + "' memo" + args + " --script '" + script.string() + "' 2>&1";
   FILE* pipe = ::popen(command.c_str(), "r");
   std::string output;
   char buffer[4096];
@@ -38,7 +40,7 @@ std::string RunScript(const fs::path& script) {
 
 TEST(MemoScripts, EveryScriptPrintsItsExpectedOutput) {
   int scripts = 0;
-  for (const fs::directory_entry& entry : fs::directory_iterator(fs::path(TESTS_DATA_DIR) / "memo")) {
+  for (const fs::directory_entry& entry : fs::directory_iterator(orl::test::TestsDataDir() / "memo")) {
     if (entry.path().extension() != ".memo") continue;
     ++scripts;
     const fs::path expected = fs::path(entry.path()).replace_extension(".out");

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "TempFolder.h"
+#include "BuildPaths.h"
 
 extern char** environ;
 
@@ -48,9 +49,9 @@ protected:
   CrashRestartTest() {
     fs::create_directories(FProgram.parent_path());
     fs::create_directories(FHost / "syntax" / "User defined");
-    fs::copy_file(GRAMMARDESK_PATH, FProgram);
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.gdx", FDefinition);
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.ini", fs::path(FDefinition).replace_extension(".ini"));
+    fs::copy_file(orl::test::GrammarDeskPath(), FProgram);
+    fs::copy_file(orl::test::HostDir() / "syntax" / "C++.gdx", FDefinition);
+    fs::copy_file(orl::test::HostDir() / "syntax" / "C++.ini", fs::path(FDefinition).replace_extension(".ini"));
   }
 
   /// Runs the program on the definition with an automation script; its exit code, -1 for a signal or a hang.

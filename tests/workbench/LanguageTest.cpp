@@ -22,6 +22,7 @@
 #include "platform/FileIO.h"
 #include "workbench/ApplicationSetup.h"
 #include "workbench/GrammarDeskMain.h"
+#include "BuildPaths.h"
 
 using namespace orl;
 namespace fs = std::filesystem;
@@ -34,7 +35,7 @@ constexpr char16_t kMark = u'\u2039';
 fs::path MarkedHost(const test::TTempFolder& dir) {
   const fs::path host = dir / "host";
   fs::create_directories(host / "Language");
-  TMemIniFileUTF16 english(StringFromPath(fs::path(HOST_DIR) / "Language" / "eng.ini"));
+  TMemIniFileUTF16 english(StringFromPath(orl::test::HostDir() / "Language" / "eng.ini"));
   TMemIniFileUTF16 marked(StringFromPath(host / "Language" / "marked.ini"));
   TStringList sections, lines;
   english.ReadSections(sections);
@@ -96,12 +97,12 @@ TEST(Language, TheGermanFileIsCompleteAndChosenBySettings) {
   test::TTempFolder dir;
   const fs::path host = dir / "host";
   fs::create_directories(host / "Language");
-  fs::copy_file(fs::path(HOST_DIR) / "Language" / "deu.ini", host / "Language" / "deu.ini");
+  fs::copy_file(orl::test::HostDir() / "Language" / "deu.ini", host / "Language" / "deu.ini");
   TMemIniFileUTF16 settings(StringFromPath(host / "Quillet.ini"));
   settings.WriteString(u"Customize", u"Language", u"deu.ini");
   settings.UpdateFile();
 
-  TMemIniFileUTF16 english(StringFromPath(fs::path(HOST_DIR) / "Language" / "eng.ini"));
+  TMemIniFileUTF16 english(StringFromPath(orl::test::HostDir() / "Language" / "eng.ini"));
   TMemIniFileUTF16 german(StringFromPath(host / "Language" / "deu.ini"));
   TStringList sections, names;
   english.ReadSections(sections);
@@ -142,7 +143,7 @@ namespace {
 fs::path GermanHost(const test::TTempFolder& dir, const std::vector<std::pair<std::u16string, std::u16string>>& settings = {}) {
   const fs::path host = dir / "host";
   fs::create_directories(host / "Language");
-  fs::copy_file(fs::path(HOST_DIR) / "Language" / "deu.ini", host / "Language" / "deu.ini");
+  fs::copy_file(orl::test::HostDir() / "Language" / "deu.ini", host / "Language" / "deu.ini");
   TMemIniFileUTF16 ini(host / "Quillet.ini");
   ini.WriteString(u"Customize", u"Language", u"deu.ini");
   for (const auto& [key, value] : settings) ini.WriteString(u"Customize", key, value);
@@ -199,7 +200,7 @@ TEST(Language, WithoutALanguageFileEveryTextIsTheEnglishOne) {
   test::TTempFolder dir;
   const fs::path bare = dir / "bare", english = dir / "english";
   fs::create_directories(english / "Language");
-  fs::copy_file(fs::path(HOST_DIR) / "Language" / "eng.ini", english / "Language" / "eng.ini");
+  fs::copy_file(orl::test::HostDir() / "Language" / "eng.ini", english / "Language" / "eng.ini");
   test::WriteBytes(english / "Quillet.ini", "");
   THostEnvironment withoutFile = InitialiseHost(bare / "GrammarDesk" / "grammardesk");
   THostEnvironment withFile = InitialiseHost(english / "GrammarDesk" / "grammardesk");

@@ -10,6 +10,7 @@
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
 #include "workbench/SynDocument.h"
+#include "BuildPaths.h"
 
 using namespace orl;
 namespace fs = std::filesystem;
@@ -26,7 +27,7 @@ protected:
 
   void OpenCopyOf(const char* bundled) {
     for (const char* extension : {".gdx", ".ini"})
-      fs::copy_file(fs::path(HOST_DIR) / "syntax" / (std::string(bundled) + extension),
+      fs::copy_file(orl::test::HostDir() / "syntax" / (std::string(bundled) + extension),
                     fs::path(FFile).replace_extension(extension), fs::copy_options::overwrite_existing);
     FDocument->OpenFile(FFile);
   }

@@ -8,6 +8,7 @@
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
 #include "workbench/SynDocument.h"
+#include "BuildPaths.h"
 
 using namespace orl;
 namespace fs = std::filesystem;
@@ -306,7 +307,7 @@ TEST_F(SynDocumentTest, TheConvertersMessagesComeFromTheLanguageFile) {
   THostEnvironment german;
   german.HostFolder = FHostDir.Path();
   german.ProgramFile = FHostDir / "GrammarDesk" / "grammardesk";
-  german.Language = TLanguageTexts(std::make_unique<TMemIniFileW>(fs::path(HOST_DIR) / "Language" / "deu.ini"));
+  german.Language = TLanguageTexts(std::make_unique<TMemIniFileW>(orl::test::HostDir() / "Language" / "deu.ini"));
   test::TScriptedUi ui;
   TSynDocument document(german, ui);
   test::WriteBytes(FHostDir / "words.txt", "/L1\"Lang\"\n");

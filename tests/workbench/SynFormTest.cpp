@@ -19,6 +19,7 @@
 #include "widgets/NameValueGrid.h"
 #include "workbench/AddKeywordsDialog.h"
 #include "workbench/GrammarDeskMain.h"
+#include "BuildPaths.h"
 
 using namespace orl;
 namespace fs = std::filesystem;
@@ -35,8 +36,8 @@ class SynFormTest : public ::testing::Test {
 protected:
   SynFormTest() {
     fs::create_directories(FDir / "syntax");
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.gdx", FFile);
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.ini", fs::path(FFile).replace_extension(".ini"));
+    fs::copy_file(orl::test::HostDir() / "syntax" / "C++.gdx", FFile);
+    fs::copy_file(orl::test::HostDir() / "syntax" / "C++.ini", fs::path(FFile).replace_extension(".ini"));
     FHost.HostFolder = FDir.Path();
     FForm = std::make_unique<TSynForm>(FHost);
   }
