@@ -159,7 +159,7 @@ void TOrlCustomMemo::PlaceCaret(bool bShow) {
 void TOrlCustomMemo::FocusGained() {
   FHaltBkThread = false;
   FFileDrag = false;
-  FPanning = false;
+  StopPanning();
   if (FCaretCreated) FWindow->DestroyCaret();
   DoEnter();
   FFocused = true;

@@ -103,6 +103,7 @@ int TOrlCustomMemo::TimerInterval(TMemoTimer timer) {
     case TMemoTimer::MultiCursor: return 500;
     case TMemoTimer::ScrollVOff:
     case TMemoTimer::ScrollHOff: return 3000;
+    case TMemoTimer::Pan: return 40;
   }
   return 0;
 }
@@ -112,6 +113,9 @@ void TOrlCustomMemo::TimerFired(TMemoTimer timer) {
   switch (timer) {
     case TMemoTimer::Scroll:
       AutoScrollTick();
+      break;
+    case TMemoTimer::Pan:
+      PanTick();
       break;
     case TMemoTimer::JSON:
       StopTimer(timer);

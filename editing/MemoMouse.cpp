@@ -40,7 +40,7 @@ void TOrlCustomMemo::MouseDown(TMouseButton button, TShiftState shift, int x, in
   FY = FMouseY = y;
   if (!FFocused) FocusGained();
   if (button == TMouseButton::mbMiddle) {
-    FPanning = true;
+    StartPanning(x, y);
     return;
   }
   if (button == TMouseButton::mbRight && HasSelection()) return;  // the context menu acts on it
@@ -186,7 +186,8 @@ void TOrlCustomMemo::MouseUp(TMouseButton button, TShiftState shift, int x, int 
     ClearSelection(true);
   }
   FDoubleClickStart = FDoubleClickEnd = {-1, -1};
-  FDoubleClick = FFileDrag = FLeftButtonDown = FGutterSelection = FPanning = false;
+  FDoubleClick = FFileDrag = FLeftButtonDown = FGutterSelection = false;
+  StopPanning();
   StopTimer(TMemoTimer::Scroll);
   FWindow->StartTimer(TMemoTimer::ColorHint, TimerInterval(TMemoTimer::ColorHint));
 }

@@ -161,9 +161,25 @@ void TOrlCustomMemo::MouseWheel(TShiftState shift, int notches, int lines) {
 }
 
 void TOrlCustomMemo::ScrollBarMoved(TScrollBarKind bar, int pos) {
-  if (bar == TScrollBarKind::sbVertical) SetTopRow(pos);
-  else SetLeftCol(pos);
+  if (bar == TScrollBarKind::sbVertical) {
+    SetTopRow(pos);
+    FLinePanelVisible = FThumbTracking;
+  } else {
+    SetLeftCol(pos);
+  }
   PlaceCaret(true);
+}
+
+void TOrlCustomMemo::ScrollThumbTracking(bool bTracking) {
+  FThumbTracking = bTracking;
+  if (!bTracking) FLinePanelVisible = false;
+}
+
+// The panel counts real lines, as the gutter does, so that under wrap it
+// names the line the view will open on.
+std::u16string TOrlCustomMemo::LinePanelText() {
+  const std::string number = std::to_string(GetRealLine(FTopLine) + 1);
+  return u"Line: " + std::u16string(number.begin(), number.end());
 }
 
 } // namespace orl

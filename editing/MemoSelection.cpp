@@ -77,18 +77,21 @@ void TOrlCustomMemo::SetSelStartPos(int line, int col, int length) {
 
 void TOrlCustomMemo::SetLineSelection(int line, int ax, int ALen) { SetSelection2(ax, line, ax + ALen, line, true); }
 
-int64_t TOrlCustomMemo::GetSelectionLength(bool bIncludeCRLF) {
+int64_t TOrlCustomMemo::GetSelectionLength(bool bIncludeCRLF, bool bRealCRLF) {
   if (!HasSelection()) return 0;
   const TOrderedSelection s = GetSelection();
   if (FColumnMode) return int64_t(s.EndY - s.StartY + 1) * (s.EndX - s.StartX);
   TOrlMemoStrings& lines = InternalLines();
   const auto inRow = [&](int x, int y) { return std::min(x, lines.GetLineLength(y)); };
+  // Offsets count 2 for each line end (none in binary mode); the line ends
+  // inside the selection are counted from the store's running sums.
   const int64_t span = TextFromPos(inRow(s.EndX, s.EndY), s.EndY) - TextFromPos(inRow(s.StartX, s.StartY), s.StartY);
-  if (bIncludeCRLF) return span;
-  int64_t ends = 0;
-  for (int row = s.StartY + 1; row <= s.EndY; ++row)
-    if (!lines.IsLineWrapped(row)) ++ends;
-  return span - 2 * ends;
+  if (FBinaryMode) return span;
+  const int64_t ends = lines.RowsStartingLines(s.StartY + 1, s.EndY + 1);
+  const int64_t characters = span - 2 * ends;
+  if (!bIncludeCRLF) return characters;
+  const bool bOneCharacterEnds = bRealCRLF && (lines.FSysTextType == sttUnix || lines.FSysTextType == sttMac);
+  return characters + (bOneCharacterEnds ? 1 : 2) * ends;
 }
 
 int TOrlCustomMemo::GetSelectionRanges(std::vector<std::u16string>& ls) {

@@ -24,8 +24,9 @@ enum class TMemoTimer : uint8_t {
   MultiCursor,
   ScrollVOff,
   ScrollHOff,
+  Pan,
 };
-inline constexpr int kMemoTimerCount = int(TMemoTimer::ScrollHOff) + 1;
+inline constexpr int kMemoTimerCount = int(TMemoTimer::Pan) + 1;
 
 enum class TScrollBarKind : uint8_t { sbHorizontal, sbVertical };
 

@@ -331,7 +331,9 @@ public:
   void SetSelStartPos(int line, int col, int length);
   void SetLineSelection(int line, int ax, int ALen);
   /// Characters selected; with bIncludeCRLF each line end counts as its two characters.
-  int64_t GetSelectionLength(bool bIncludeCRLF);
+  /// Characters selected; with bIncludeCRLF each line end counts 2, or 1
+  /// with bRealCRLF in an LF or CR document.
+  int64_t GetSelectionLength(bool bIncludeCRLF, bool bRealCRLF = false);
   int SelStartCol() const { return GetSelection().StartX; }
   void UpdateSelection(bool bRedraw);
   virtual void ExpandSelection(bool bInvalidateAll, bool bSetOldCurX, bool bInvalidateOnly, bool bAllowSmartHighlight);
@@ -355,6 +357,11 @@ public:
   void MouseWheel(TShiftState shift, int notches, int lines);
   /// A scroll bar moved by the user: `pos` is the bar's new position.
   void ScrollBarMoved(TScrollBarKind bar, int pos);
+  /// The vertical thumb is held (true) or let go: while it is dragged the
+  /// line panel shows the line at the top of the view.
+  void ScrollThumbTracking(bool bTracking);
+  /// "Line: " and the real line at the top of the view, counted from 1.
+  std::u16string LinePanelText();
   void FocusGained();
   void FocusLost();
 
@@ -384,6 +391,7 @@ public:
   TFullPos FDoubleClickStart{-1, -1}, FDoubleClickEnd{-1, -1};
   int64_t FLastDblClick = -1'000'000;
   int FDoubleX = -1, FDoubleY = -1;
+  TPoint FPanOrigin;
   // ---- Caret, selection, keyboard, mouse and scrolling (end) ----
 
   /// Guards what the background thread shares with the main thread; declared
@@ -440,7 +448,7 @@ public:
   TDocumentMapInfo FDocumentMapInfo;
   TDocumentMapRedrawType FDocMapDrawType = dmrForce;
   TRect FLinePanel{0, 0, 100, 26};
-  bool FLinePanelVisible = false;
+  bool FLinePanelVisible = false, FThumbTracking = false;
   std::vector<std::unique_ptr<TMultiCursorPos>> FMultiCursorList;
   TStringList FHighlightSelections, FHighlightWords, FHighlightFinds, FHighlightExpressionList;
   TStringList FCodeExplorerTagsList, TodoList, FCEList1, FCEList2, FCEFavoriteList;
@@ -580,6 +588,11 @@ private:
   void SelectRealLine(int line);
   void DragSelectTo(int x, int y);
   void AutoScrollTick();
+  /// Holding the middle button scrolls toward the mouse, the faster the
+  /// further it is from where the button went down.
+  void StartPanning(int x, int y);
+  void StopPanning();
+  void PanTick();
   TFullPos ClampToStore(TFullPos pos);
   void NotifySelectionChange() { if (OnSelectionChange) OnSelectionChange(false); }
   int FScrollRefY = -1;  ///< the row the view must show: the caret's, shifted by the scroll margin

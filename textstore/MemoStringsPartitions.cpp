@@ -102,13 +102,17 @@ const TRowPartition<int>& TOrlMemoStrings::Counts(TRowCount which) const {
   return counts;
 }
 
-int TOrlMemoStrings::RowsStartingRealLines(int from, int to) const {
+int TOrlMemoStrings::CountIn(TRowCount which, int from, int to) const {
   from = std::clamp(from, 0, GetCount());
   to = std::clamp(to, from, GetCount());
   if (from == to) return 0;
-  const TRowPartition<int>& starts = Counts(rcRealLines);
-  return starts.Start(to) - starts.Start(from);
+  const TRowPartition<int>& counts = Counts(which);
+  return counts.Start(to) - counts.Start(from);
 }
+
+int TOrlMemoStrings::RowsStartingRealLines(int from, int to) const { return CountIn(rcRealLines, from, to); }
+
+int TOrlMemoStrings::RowsStartingLines(int from, int to) const { return CountIn(rcLineStarts, from, to); }
 
 int TOrlMemoStrings::ShownRowsIn(int from, int to) const {
   from = std::clamp(from, 0, GetCount());

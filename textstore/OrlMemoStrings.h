@@ -277,6 +277,8 @@ public:
   /// Rows in [from, to) that begin a numbered real line: not Wrapped, and
   /// Enabled (a filler row of text-diff mode has no number).
   int RowsStartingRealLines(int from, int to) const;
+  /// Rows in [from, to) that are not continuation rows: each ends the line before it.
+  int RowsStartingLines(int from, int to) const;
   /// Rows in [from, to) that no fold hides.
   int ShownRowsIn(int from, int to) const;
   /// The row reached by stepping `count` shown rows from `from` (back when
@@ -460,6 +462,7 @@ private:
   // the row array directly, attribute flags through the rows whose attribute
   // was handed out for writing, which are re-read before the next question.
   enum TRowCount : uint8_t { rcLineStarts, rcRealLines, rcShown, rcCounts };
+  int CountIn(TRowCount which, int from, int to) const;
   /// Characters of the row plus 2 for the line end before it, if it starts a real line.
   int64_t OffsetValue(int row, bool bBinary) const;
   int CountValue(TRowCount which, int row) const;

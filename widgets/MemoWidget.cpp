@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QLabel>
 #include <QScrollBar>
 #include <QStyleHints>
 #include <QTextLayout>
@@ -106,6 +107,16 @@ TOrlMemoWidget::TOrlMemoWidget(QWidget* parent, const QString& dataFolder) : QWi
   FVertBar->hide();
   FHorzBar->hide();
   connect(FVertBar, &QScrollBar::valueChanged, this, &TOrlMemoWidget::VerticalScrolled);
+  FLinePanel = new QLabel(this);
+  FLinePanel->setFrameShape(QFrame::Box);
+  FLinePanel->setAlignment(Qt::AlignCenter);
+  FLinePanel->setAutoFillBackground(true);
+  FLinePanel->hide();
+  connect(FVertBar, &QScrollBar::sliderPressed, this, [this] { FMemo->ScrollThumbTracking(true); });
+  connect(FVertBar, &QScrollBar::sliderReleased, this, [this] {
+    FMemo->ScrollThumbTracking(false);
+    UpdateLinePanel();
+  });
   connect(FHorzBar, &QScrollBar::valueChanged, this, &TOrlMemoWidget::HorizontalScrolled);
   for (int i = 0; i < kMemoTimerCount; ++i) {
     FTimers[size_t(i)] = new QTimer(this);
@@ -337,7 +348,19 @@ void TOrlMemoWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void TOrlMemoWidget::VerticalScrolled(int value) {
-  if (!FUpdatingBars) FMemo->ScrollBarMoved(TScrollBarKind::sbVertical, value);
+  if (FUpdatingBars) return;
+  FMemo->ScrollBarMoved(TScrollBarKind::sbVertical, value);
+  UpdateLinePanel();
+}
+
+void TOrlMemoWidget::UpdateLinePanel() {
+  if (!FMemo->FLinePanelVisible) return FLinePanel->hide();
+  const TRect& r = FMemo->FLinePanel;
+  const int right = FVertBar->isVisible() ? FVertBar->x() : width();
+  FLinePanel->setGeometry(right - (r.Right - r.Left), 0, r.Right - r.Left, r.Bottom - r.Top);
+  FLinePanel->setText(QString::fromStdU16String(FMemo->LinePanelText()));
+  FLinePanel->show();
+  FLinePanel->raise();
 }
 
 void TOrlMemoWidget::HorizontalScrolled(int value) {

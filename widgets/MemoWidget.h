@@ -12,6 +12,7 @@
 
 #include "editing/OrlMemo.h"
 
+class QLabel;
 class QScrollBar;
 class QTimer;
 
@@ -79,12 +80,15 @@ private:
   void PlaceScrollBars();
   void VerticalScrolled(int value);
   void HorizontalScrolled(int value);
+  /// Shows the line panel beside the vertical bar while its thumb is dragged.
+  void UpdateLinePanel();
   /// Restarts the blink with the caret shown, as after every move.
   void RestartBlink();
 
   IMemoWindowClient* FClient = nullptr;
   QScrollBar* FVertBar;
   QScrollBar* FHorzBar;
+  QLabel* FLinePanel;
   std::array<QTimer*, kMemoTimerCount> FTimers{};
   QRect FCaret;
   bool FCaretExists = false;

@@ -131,6 +131,55 @@ TEST_F(MemoCaret, TheScrollBarAndTheViewMoveTogether) {
   EXPECT_EQ(memo.TopLine(), 100);
 }
 
+TEST_F(MemoCaret, TheLinePanelNamesTheTopRealLineWhileTheThumbIsDragged) {
+  std::u16string text;
+  for (int i = 0; i < 100; ++i) text += u"row\r\n";
+  memo.SetText(text);
+  memo.ScrollThumbTracking(true);
+  EXPECT_FALSE(memo.FLinePanelVisible);  // shown at the first motion
+  memo.ScrollBarMoved(TScrollBarKind::sbVertical, 40);
+  EXPECT_TRUE(memo.FLinePanelVisible);
+  EXPECT_EQ(memo.LinePanelText(), u"Line: 41");
+  memo.ScrollThumbTracking(false);
+  EXPECT_FALSE(memo.FLinePanelVisible);
+  memo.ScrollBarMoved(TScrollBarKind::sbVertical, 20);  // a click in the bar, no drag
+  EXPECT_FALSE(memo.FLinePanelVisible);
+}
+
+TEST_F(MemoCaret, TheMiddleButtonPansTowardTheMouseUntilReleased) {
+  std::u16string text;
+  for (int i = 0; i < 200; ++i) text += u"row of some length that reaches beyond the right edge of the view\r\n";
+  memo.SetText(text);
+  memo.MouseDown(TMouseButton::mbMiddle, 0, 100, 50);
+  ASSERT_TRUE(window.TimerRunning(TMemoTimer::Pan));
+  memo.MouseMove(0, 100, 50 + H);  // within the resting distance
+  window.Advance(400);
+  EXPECT_EQ(memo.TopLine(), 0);
+  memo.MouseMove(0, 100, 50 + 6 * H);  // three steps a tick, ten ticks
+  window.Advance(400);
+  EXPECT_EQ(memo.TopLine(), 30);
+  memo.MouseMove(0, 100 + 4 * W, 50 - 4 * H);  // back up and to the right
+  window.Advance(80);
+  EXPECT_EQ(memo.TopLine(), 26);
+  EXPECT_EQ(memo.LeftCol(), 4);
+  memo.MouseUp(TMouseButton::mbMiddle, 0, 100, 50);
+  EXPECT_FALSE(window.TimerRunning(TMemoTimer::Pan));
+  window.Advance(400);
+  EXPECT_EQ(memo.TopLine(), 26);
+  EXPECT_EQ(memo.CurY(), 0);  // panning never moves the caret
+}
+
+TEST_F(MemoCaret, SelectionLengthCountsLineEndsAsTheDocumentWritesThem) {
+  memo.SetText(u"abc\r\nde\r\nfghij");
+  memo.SetSelection2(1, 0, 2, 2, false);  // "bc", "de", "fg"
+  EXPECT_EQ(memo.GetSelectionLength(false), 6);
+  EXPECT_EQ(memo.GetSelectionLength(true), 10);
+  EXPECT_EQ(memo.GetSelectionLength(true, true), 10);  // a CR LF document
+  memo.Lines().FSysTextType = sttUnix;
+  EXPECT_EQ(memo.GetSelectionLength(true, true), 8);
+  EXPECT_EQ(memo.GetSelectionLength(true, false), 10);
+}
+
 TEST_F(MemoCaret, VirtualSpaceIsCapped) {
   memo.SetText(u"ab");
   memo.FForcewrapLength = 20;

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QWheelEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -53,6 +54,15 @@ TEST(MemoWidget, ScrollBarsFollowTheTextAndScrollTheView) {
   // The memo's own setting of the bar does not scroll the view back.
   widget.SetScrollInfo(TScrollBarKind::sbVertical, {0, 200, 10, 7});
   EXPECT_EQ(memo.FTopLine, 50);
+  // Dragging the thumb shows the line the view opens on; letting go hides it.
+  auto* panel = widget.findChild<QLabel*>();
+  ASSERT_NE(panel, nullptr);
+  bar->setSliderDown(true);
+  bar->setValue(120);
+  EXPECT_TRUE(panel->isVisibleTo(&widget));
+  EXPECT_EQ(panel->text(), "Line: 121");
+  bar->setSliderDown(false);
+  EXPECT_FALSE(panel->isVisibleTo(&widget));
 }
 
 TEST(MemoWidget, TimersRunThroughTheEventLoop) {
