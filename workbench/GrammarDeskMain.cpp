@@ -28,6 +28,7 @@
 #include "platform/RestartRecovery.h"
 #include "widgets/NameValueGrid.h"
 #include "workbench/AddKeywordsDialog.h"
+#include "workbench/QtMruMenu.h"
 #include "workbench/Automation.h"
 #include "workbench/SyntaxAbout.h"
 #include "workbench/UserMenuDialog.h"
@@ -38,18 +39,6 @@ namespace {
 QString Q(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype(s.size())); }
 std::filesystem::path PathOf(const QString& s) { return std::filesystem::path(QFile::encodeName(s).toStdString()); }
 } // namespace
-
-/// The recent-file list's view of a Qt menu.
-class TQtMruMenu : public IMruMenu {
-public:
-  explicit TQtMruMenu(QMenu& menu) : FMenu(menu) {}
-  void Clear() override { FMenu.clear(); }
-  void AddEntry(const std::u16string& caption) override { FMenu.addAction(Q(caption)); }
-  void AddSeparator() override { FMenu.addSeparator(); }
-
-private:
-  QMenu& FMenu;
-};
 
 TSynForm::TSynForm(THostEnvironment& host)
     : FHost(host), FDocument(std::make_unique<TSynDocument>(host, *this)),
