@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-#include "quillet/EditorAppearance.h"
+#include "editing/EditorAppearance.h"
 #include "quillet/HostDefinitions.h"
 #include "quillet/QuilletDialogs.h"
 #include "workbench/HostEnvironment.h"

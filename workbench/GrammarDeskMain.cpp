@@ -225,6 +225,7 @@ void TSynForm::SetWaitCursor(bool bWait) {
 }
 
 void TSynForm::StateChanged() {
+  ScheduleSampleStyles();
   setWindowTitle(Q(FDocument->Caption()) + (FDocument->Modified() ? " *" : ""));
   for (int pane = 0; pane < 2; ++pane) FStatus[pane]->setText(Q(FDocument->StatusText(pane)));
   // Without a document no control of any page takes input; the tabs still switch.

@@ -59,7 +59,7 @@ TEST_F(SynFormTest, LoadingFillsThePagesWithoutCountingAsAnEdit) {
   EXPECT_EQ(FForm->SyntaxOptionTree->Value(RowNamed(*FForm->SyntaxOptionTree, "AllowNestedComments")), "");
   EXPECT_EQ(FForm->BlockNames->count(), int(FForm->Document().Pages().Blocks.size()));
   EXPECT_GT(FForm->lbFileExtensions->count(), 0);
-  EXPECT_FALSE(FForm->SampleMemo->toPlainText().isEmpty());
+  EXPECT_FALSE(FForm->SampleLines().empty());
   EXPECT_FALSE(FForm->Document().Modified());
 
   FForm->MainPages->setCurrentIndex(mpKeywords);

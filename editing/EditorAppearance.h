@@ -1,5 +1,6 @@
 #pragma once
-// How quillet's memos look, from the host's settings file:
+// How the host's memos look (quillet's texts, the workbench's sample), from
+// the host's settings file:
 //
 //   [Customize]
 //   EditorFont=DejaVu Sans Mono     the memo's font face

@@ -1,4 +1,4 @@
-#include "quillet/EditorAppearance.h"
+#include "editing/EditorAppearance.h"
 
 #include "editing/OrlMemo.h"
 
