@@ -226,6 +226,8 @@ void TQuilletWindow::closeEvent(QCloseEvent* event) {
     if (!ConfirmClose(text)) return event->ignore();
   }
   try {
+    std::error_code ec;
+    fs::create_directories(FRecent.Filename().parent_path(), ec);  // a fresh host folder has no Data folder yet
     FRecent.SaveList();
   } catch (const EOrlError&) {
     // The list is a convenience; failing to keep it must not keep the window open.
