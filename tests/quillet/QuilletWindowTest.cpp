@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <deque>
 
+#include "ScriptedAnswers.h"
 #include "TempFolder.h"
 #include "definition/MemIni.h"
 #include "platform/FileIO.h"
@@ -27,19 +28,16 @@ struct TScriptedDialogs : IQuilletDialogs {
   void ShowError(const QString& text) override { Errors.push_back(text); }
   TAnswer AskSaveChanges(const QString& name) override {
     Asked.push_back(name);
-    return Take(Answers, daCancel);
+    return test::TakeAnswer(Answers, daCancel);
   }
-  std::vector<fs::path> OpenFileNames(const fs::path&) override { return {Take(FileNames, fs::path())}; }
+  std::vector<fs::path> OpenFileNames(const fs::path&) override {
+    std::vector<fs::path> names(FileNames.begin(), FileNames.end());
+    FileNames.clear();
+    return names;
+  }
   std::optional<fs::path> SaveFileName(const fs::path&) override {
     if (FileNames.empty()) return std::nullopt;
-    return Take(FileNames, fs::path());
-  }
-  template <typename T>
-  static T Take(std::deque<T>& queue, T fallback) {
-    if (queue.empty()) return fallback;
-    T first = queue.front();
-    queue.pop_front();
-    return first;
+    return test::TakeAnswer(FileNames, fs::path());
   }
 
   std::vector<QString> Errors, Asked;
@@ -103,6 +101,11 @@ TEST_F(QuilletWindowTest, AnOpenedFileShowsItsNameTextAndDefinition) {
   EXPECT_EQ(Window().TextCount(), 2);
   EXPECT_EQ(Window().StatusText(3), "C++");
   EXPECT_EQ(Window().RecentFiles().MRUFile(), StringFromPath(FDir / "notes.xyz"));
+
+  FDialogs->FileNames = {Write("one.py", "x = 1"), Write("two.txt", "two")};
+  Window().FileOpen();
+  EXPECT_EQ(Window().TextCount(), 4);
+  EXPECT_EQ(Window().CurrentFile(), FDir / "two.txt");
 }
 
 TEST_F(QuilletWindowTest, SaveAsWritesTheTextAndTakesTheDefinitionOfTheNewName) {

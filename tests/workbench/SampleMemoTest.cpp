@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 
+#include "SynFormFixture.h"
 #include "TempFolder.h"
 #include "definition/MemIni.h"
 #include "syntax/StyleScheme.h"
@@ -16,16 +17,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class SampleMemoTest : public ::testing::Test {
+class SampleMemoTest : public test::TSynFormFixture {
 protected:
-  SampleMemoTest() {
-    fs::create_directories(FDir / "syntax");
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.gdx", FFile);
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.ini", fs::path(FFile).replace_extension(".ini"));
-    FHost.HostFolder = FDir.Path();
-    FForm = std::make_unique<TSynForm>(FHost);
-    FForm->Document().OpenFile(FFile);
-  }
+  SampleMemoTest() { FForm->Document().OpenFile(FFile); }
 
   TOrlMemo& Memo() { return FForm->SampleMemo->Memo(); }
 
@@ -44,11 +38,6 @@ protected:
       if (group->Name == name) return group.get();
     return nullptr;
   }
-
-  test::TTempFolder FDir;
-  fs::path FFile = FDir / "syntax" / "C.gdx";
-  THostEnvironment FHost;
-  std::unique_ptr<TSynForm> FForm;
 };
 
 TEST_F(SampleMemoTest, TheSampleIsTheDefinitionsAndColouredByIt) {

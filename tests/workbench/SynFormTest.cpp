@@ -13,6 +13,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 
+#include "SynFormFixture.h"
 #include "TempFolder.h"
 #include "definition/DefinitionFormat.h"
 #include "platform/FileIO.h"
@@ -31,21 +32,7 @@ int RowNamed(const TNameValueGrid& grid, const QString& name) {
   return -1;
 }
 
-class SynFormTest : public ::testing::Test {
-protected:
-  SynFormTest() {
-    fs::create_directories(FDir / "syntax");
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.gdx", FFile);
-    fs::copy_file(fs::path(HOST_DIR) / "syntax" / "C++.ini", fs::path(FFile).replace_extension(".ini"));
-    FHost.HostFolder = FDir.Path();
-    FForm = std::make_unique<TSynForm>(FHost);
-  }
-
-  test::TTempFolder FDir;
-  fs::path FFile = FDir / "syntax" / "C.gdx";
-  THostEnvironment FHost;
-  std::unique_ptr<TSynForm> FForm;
-};
+class SynFormTest : public test::TSynFormFixture {};
 
 } // namespace
 
