@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTimer>
 
 #include "definition/DefinitionFormat.h"
 #include "platform/FileIO.h"
@@ -85,6 +86,8 @@ TOrlMemoWidget* TQuilletWindow::CreateMemo() {
   memo.OnStatusChange = memo.OnCursorChange = memo.OnChange = [this, widget] {
     if (widget == CurrentMemo()) UpdateStatus();
   };
+  // The memo asks before it switches; the pane shows the state once it has.
+  memo.OnOverwriteToggle = [this](bool&) { QTimer::singleShot(0, this, &TQuilletWindow::UpdateStatus); };
   return widget;
 }
 

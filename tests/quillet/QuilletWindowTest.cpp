@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QKeyEvent>
 #include <QTabWidget>
 
 #include <cstdlib>
@@ -92,6 +93,10 @@ TEST_F(QuilletWindowTest, AnOpenedFileShowsItsNameTextAndDefinition) {
   memo.SetCursor(4, 1, true);
   EXPECT_EQ(Window().StatusText(0), "Line 2");
   EXPECT_EQ(Window().StatusText(1), "Column 5");
+  QKeyEvent insert(QEvent::KeyPress, Qt::Key_Insert, Qt::NoModifier);
+  QApplication::sendEvent(Window().CurrentMemo(), &insert);
+  QApplication::processEvents();
+  EXPECT_EQ(Window().StatusText(2), "Overwrite");
 
   ASSERT_TRUE(Window().OpenFile(Write("notes.xyz", "plain")));
   EXPECT_EQ(Window().StatusText(3), "Text");
