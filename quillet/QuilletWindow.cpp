@@ -107,18 +107,19 @@ bool TQuilletWindow::OpenFile(const fs::path& file) {
     FTabs->setCurrentIndex(open);
     return true;
   }
-  TOpenText text{CreateMemo(), absolute, kPlainText};
+  std::unique_ptr<TOrlMemoWidget> memo(CreateMemo());  // the tab takes it once the file is read
+  TOpenText text{memo.get(), absolute, kPlainText};
   try {
     ChooseDefinition(text);
-    LoadTextFile(text.Memo->Memo(), absolute);
+    LoadTextFile(memo->Memo(), absolute);
   } catch (const EOrlError& e) {
-    delete text.Memo;
     FDialogs->ShowError(QString::fromUtf8(e.what()));
     return false;
   }
   FRecent.AddFile(StringFromPath(absolute));
   // A file opened first takes the place of the empty text the window started with.
   if (OnlyUntouchedNewText()) CloseTab(0);
+  memo.release();
   AddTab(std::move(text));
   return true;
 }
