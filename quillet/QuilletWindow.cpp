@@ -49,7 +49,14 @@ TQuilletWindow::TQuilletWindow(THostEnvironment& host, std::unique_ptr<IQuilletD
   resize(900, 640);
 }
 
-TQuilletWindow::~TQuilletWindow() = default;
+TQuilletWindow::~TQuilletWindow() {
+  // The memos are the tab widget's children and outlive the list of texts their events look at.
+  for (TOpenText& text : FTexts) {
+    TOrlMemo& memo = text.Memo->Memo();
+    memo.OnStatusChange = memo.OnCursorChange = memo.OnChange = nullptr;
+    memo.OnOverwriteToggle = nullptr;
+  }
+}
 
 void TQuilletWindow::CreateMenus() {
   const TLanguageTexts& l = FHost.Language;

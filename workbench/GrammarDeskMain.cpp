@@ -26,6 +26,7 @@
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
 #include "platform/RestartRecovery.h"
+#include "widgets/MemoWidget.h"
 #include "widgets/NameValueGrid.h"
 #include "workbench/AddKeywordsDialog.h"
 #include "workbench/QtMruMenu.h"
@@ -73,6 +74,8 @@ void TSynForm::RegisterRecovery() {
 TSynForm::~TSynForm() {
   UnregisterApplicationRestart();
   UnregisterApplicationRecoveryCallback();
+  // The memo outlives the document it reports to: child widgets go last.
+  SampleMemo->Memo().OnChange = nullptr;
 }
 
 void TSynForm::SetDialogs(TSyntaxAbout* about, TUserMenuForm* userMenu, TAddForm* addForm) {
