@@ -64,8 +64,6 @@ void TOrlSyntax::LoadStyleFromFile(TOrlMemoStyleSlots* Memo, const std::u16strin
   if (Memo) Memo->FreeSyntaxStyles();
   const std::filesystem::path path = PathFromString(FileName);
   if (!FileExists(path)) return;
-  // Members of a multi-highlighter page are not loaded yet; their slots stay empty.
-  ResetForLoad(Memo, *styles);
   std::vector<std::u16string> lines;
   try {
     lines = ReadDefinitionLines(path);
@@ -73,6 +71,21 @@ void TOrlSyntax::LoadStyleFromFile(TOrlMemoStyleSlots* Memo, const std::u16strin
     DebugWrite(Memo, FileName + u": " + Utf8ToUtf16(e.what()));
     return;
   }
+  BuildStyles(Memo, std::move(styles), lines, FileName, SyntaxName);
+}
+
+void TOrlSyntax::LoadStyleFromLines(TOrlMemoStyleSlots& Memo, const std::vector<std::u16string>& Lines,
+                                    const std::u16string& FileName, const std::u16string& SyntaxName) {
+  auto styles = std::make_unique<TOrlCustomMemoStyles>(&Memo, FileName);
+  Memo.FreeSyntaxStyles();
+  BuildStyles(&Memo, std::move(styles), Lines, FileName, SyntaxName);
+}
+
+void TOrlSyntax::BuildStyles(TOrlMemoStyleSlots* Memo, std::unique_ptr<TOrlCustomMemoStyles> styles,
+                             const std::vector<std::u16string>& lines, const std::u16string& FileName,
+                             const std::u16string& SyntaxName) {
+  // Members of a multi-highlighter page are not loaded yet; their slots stay empty.
+  ResetForLoad(Memo, *styles);
   TDefinitionReader reader(*this, *styles, Memo);
   reader.ReadLines(lines);
   reader.Finish();

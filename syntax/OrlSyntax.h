@@ -3,7 +3,9 @@
 // hands it to a memo, and installs the built-in sets of the host.
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "definition/StringList.h"
 #include "syntax/MemoStyleSlots.h"
@@ -23,6 +25,11 @@ public:
   /// [Comment] into `InfoList` and [Sample] into `SampleList`.
   void LoadStyleFromFile(TOrlMemoStyleSlots& Memo, const std::u16string& FileName, const std::u16string& SyntaxName,
                          TStringList& SampleList, TStringList& InfoList);
+  /// The same as LoadStyleFromFile over the lines of a definition held in
+  /// memory, as an editor of definitions has them before they are saved.
+  /// `FileName` names the definition (its companion is looked up by it).
+  void LoadStyleFromLines(TOrlMemoStyleSlots& Memo, const std::vector<std::u16string>& Lines,
+                          const std::u16string& FileName, const std::u16string& SyntaxName);
   /// Installs the built-in set that highlights definition files themselves.
   void SetSynFileSyntax(TOrlMemoStyleSlots& Memo, const std::u16string& Filename);
   /// Adds completion, menu and hint data of the host's script language to the memo's set.
@@ -40,6 +47,10 @@ private:
   friend class TDefinitionReader;
   void DebugWrite(TOrlMemoStyleSlots* memo, const std::u16string& text);
   void ResetForLoad(TOrlMemoStyleSlots* memo, TOrlCustomMemoStyles& styles);
+  /// Reads `lines` into `styles` and, with a memo, hands the set to it.
+  void BuildStyles(TOrlMemoStyleSlots* Memo, std::unique_ptr<TOrlCustomMemoStyles> styles,
+                   const std::vector<std::u16string>& lines, const std::u16string& FileName,
+                   const std::u16string& SyntaxName);
 };
 
 } // namespace orl

@@ -16,5 +16,7 @@ std::filesystem::path TestsDataDir();
 std::filesystem::path GdtoolPath();
 /// The built workbench program; empty in a configuration without it.
 std::filesystem::path GrammarDeskPath();
+/// The built host editor; empty in a configuration without it.
+std::filesystem::path QuilletPath();
 
 } // namespace orl::test

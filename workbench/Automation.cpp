@@ -12,6 +12,7 @@
 #include <cstdlib>
 
 #include "widgets/NameValueGrid.h"
+#include "widgets/MemoWidget.h"
 #include "workbench/GrammarDeskMain.h"
 
 namespace orl {
@@ -52,6 +53,13 @@ void ShootDialog(TSynForm& form, const QString& name, const QString& fileName) {
   dialog->hide();
 }
 
+// As a user typing a new last line of the sample.
+void AppendSampleLine(TSynForm& form, const QString& line) {
+  std::u16string text;
+  for (const std::u16string& row : form.SampleLines()) text += row + u"\n";
+  form.SampleMemo->Memo().SetText(text + line.toStdU16String());
+}
+
 void Report(TSynForm& form, const QString& fileName) {
   QFile file(fileName);
   if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) return;
@@ -62,7 +70,9 @@ void Report(TSynForm& form, const QString& fileName) {
   for (int row = 0; row < form.SyntaxOptionTree->rowCount(); ++row)
     if (!form.SyntaxOptionTree->Value(row).isEmpty())
       out << "option." << form.SyntaxOptionTree->item(row, 0)->text() << "=" << form.SyntaxOptionTree->Value(row) << "\n";
-  out << "sample=" << form.SampleMemo->toPlainText().replace('\n', "\\n") << "\n";
+  QStringList sample;
+  for (const std::u16string& line : form.SampleLines()) sample << QString::fromStdU16String(line);
+  out << "sample=" << sample.join("\\n") << "\n";
 }
 
 void Execute(TSynForm& form, const QString& line) {
@@ -78,7 +88,7 @@ void Execute(TSynForm& form, const QString& line) {
   else if (command == "select-hint") form.HintsList->setCurrentRow(rest.toInt());
   else if (command == "dialog-shot") ShootDialog(form, words.value(1), words.value(2));
   else if (command == "set") SetCell(form, words);
-  else if (command == "sample") form.SampleMemo->appendPlainText(rest);
+  else if (command == "sample") AppendSampleLine(form, rest);
   else if (command == "save") form.Document().FileSave();
   else if (command == "report") Report(form, rest);
   else if (command == "screenshot") form.grab().save(rest);

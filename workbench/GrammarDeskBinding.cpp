@@ -56,11 +56,7 @@ void TSynForm::ConnectEdits() {
     FDocument->Pages().Info = SplitMemo(*InfoMemo);
     FDocument->SetModified();
   });
-  connect(SampleMemo, &QPlainTextEdit::textChanged, this, [this] {
-    if (FFilling) return;
-    FDocument->Pages().Sample = SplitMemo(*SampleMemo);
-    FDocument->SetModified();
-  });
+  ConnectSample();
   // The author fields go to the version list at a save and do not count as edits.
   connect(txtAuthor, &QLineEdit::textEdited, this, [this](const QString& t) { FDocument->Pages().Version.Author = U(t); });
   connect(txtDate, &QLineEdit::textEdited, this, [this](const QString& t) { FDocument->Pages().Version.Date = U(t); });
@@ -95,6 +91,7 @@ void TSynForm::PagesReloaded() {
   ShowRuleList(FDocument->BlockNames(), *BlockNames, *BlockTree);
   ShowRuleList(FDocument->FoldNames(), *FoldNames, *FoldingTree);
   for (TGroupPageWidgets& page : FGroupWidgets) ShowGroupPage(page);
+  ScheduleSampleStyles();
 }
 
 void TSynForm::FillGrids() {
@@ -108,7 +105,7 @@ void TSynForm::FillGrids() {
 void TSynForm::FillTextPages() {
   const TDefinitionPages& pages = FDocument->Pages();
   InfoMemo->setPlainText(JoinLines(pages.Info));
-  SampleMemo->setPlainText(JoinLines(pages.Sample));
+  ShowSample();
   txtAuthor->setText(Q(pages.Version.Author));
   txtDate->setText(Q(pages.Version.Date));
   txtVersion->setText(Q(pages.Version.Version));

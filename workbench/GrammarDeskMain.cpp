@@ -26,8 +26,10 @@
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
 #include "platform/RestartRecovery.h"
+#include "widgets/MemoWidget.h"
 #include "widgets/NameValueGrid.h"
 #include "workbench/AddKeywordsDialog.h"
+#include "workbench/QtMruMenu.h"
 #include "workbench/Automation.h"
 #include "workbench/SyntaxAbout.h"
 #include "workbench/UserMenuDialog.h"
@@ -38,18 +40,6 @@ namespace {
 QString Q(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype(s.size())); }
 std::filesystem::path PathOf(const QString& s) { return std::filesystem::path(QFile::encodeName(s).toStdString()); }
 } // namespace
-
-/// The recent-file list's view of a Qt menu.
-class TQtMruMenu : public IMruMenu {
-public:
-  explicit TQtMruMenu(QMenu& menu) : FMenu(menu) {}
-  void Clear() override { FMenu.clear(); }
-  void AddEntry(const std::u16string& caption) override { FMenu.addAction(Q(caption)); }
-  void AddSeparator() override { FMenu.addSeparator(); }
-
-private:
-  QMenu& FMenu;
-};
 
 TSynForm::TSynForm(THostEnvironment& host)
     : FHost(host), FDocument(std::make_unique<TSynDocument>(host, *this)),
@@ -84,6 +74,8 @@ void TSynForm::RegisterRecovery() {
 TSynForm::~TSynForm() {
   UnregisterApplicationRestart();
   UnregisterApplicationRecoveryCallback();
+  // The memo outlives the document it reports to: child widgets go last.
+  SampleMemo->Memo().OnChange = nullptr;
 }
 
 void TSynForm::SetDialogs(TSyntaxAbout* about, TUserMenuForm* userMenu, TAddForm* addForm) {
@@ -236,6 +228,7 @@ void TSynForm::SetWaitCursor(bool bWait) {
 }
 
 void TSynForm::StateChanged() {
+  ScheduleSampleStyles();
   setWindowTitle(Q(FDocument->Caption()) + (FDocument->Modified() ? " *" : ""));
   for (int pane = 0; pane < 2; ++pane) FStatus[pane]->setText(Q(FDocument->StatusText(pane)));
   // Without a document no control of any page takes input; the tabs still switch.

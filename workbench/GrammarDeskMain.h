@@ -22,11 +22,13 @@ class QMenu;
 class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
+class QTimer;
 class QToolBar;
 
 namespace orl {
 
 class TNameValueGrid;
+class TOrlMemoWidget;
 class TSyntaxAbout;
 class TUserMenuForm;
 class TAddForm;
@@ -52,6 +54,10 @@ public:
 
   TSynDocument& Document() { return *FDocument; }
   void SetDialogs(TSyntaxAbout* about, TUserMenuForm* userMenu, TAddForm* addForm);
+  /// The sample memo's rows, the way the definition stores its sample.
+  std::vector<std::u16string> SampleLines();
+  /// How long the sample waits for the definition's edits to pause before it is restyled.
+  static constexpr int kSampleStyleDelayMs = 300;
   /// Restart after a crash, with the document saved as crash data first.
   void RegisterRecovery();
   /// The first show: the command line, then the automation script if one is set.
@@ -87,7 +93,7 @@ public:
   QLineEdit* HintsEdit = nullptr;
   QPlainTextEdit* HintsMemo = nullptr;
   QComboBox* cboHintType = nullptr;
-  QPlainTextEdit* SampleMemo = nullptr;
+  TOrlMemoWidget* SampleMemo = nullptr;
   QPlainTextEdit* InfoMemo = nullptr;
   QLineEdit* txtAuthor = nullptr;
   QLineEdit* txtDate = nullptr;
@@ -143,6 +149,16 @@ private:
   QAction* AddCommand(QToolBar& bar, QWidget& target, const QIcon& icon, const QString& tip,
                       const QKeySequence& key, std::function<void()> command);
 
+  // The sample page (GrammarDeskSample.cpp)
+  void ConnectSample();
+  /// Shows the pages' sample in the memo without counting as an edit.
+  void ShowSample();
+  /// Restyles the sample once the definition's edits pause.
+  void ScheduleSampleStyles();
+  /// Builds the sample memo's style set from the definition as it stands in
+  /// memory, saved or not.
+  void RefreshSampleStyles();
+
   // Showing the document (GrammarDeskBinding.cpp)
   void ConnectEdits();
   void FillGrids();
@@ -167,6 +183,7 @@ private:
   QPushButton* FExtensionDelete = nullptr;
   std::unique_ptr<TQtMruMenu> FRecentMenu;
   bool FFilling = false;
+  QTimer* FSampleStyleTimer = nullptr;
 };
 
 } // namespace orl

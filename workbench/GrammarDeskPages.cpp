@@ -1,6 +1,7 @@
 // Building the pages of the main form.
 
 #include <QComboBox>
+#include <QFile>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -17,6 +18,8 @@
 
 #include "definition/DefinitionFormat.h"
 #include "workbench/GrammarDeskMain.h"
+#include "editing/EditorAppearance.h"
+#include "widgets/MemoWidget.h"
 #include "widgets/NameValueGrid.h"
 
 namespace orl {
@@ -148,10 +151,12 @@ QWidget* TSynForm::CreateUserMenuPage() {
                 Stacked({{bar, 0}, {UserMenuList, 1}}, 0));
 }
 
+// The sample shows in a memo coloured by the definition as it is being edited.
 QWidget* TSynForm::CreateSamplePage() {
-  SampleMemo = new QPlainTextEdit;
-  SampleMemo->setLineWrapMode(QPlainTextEdit::NoWrap);
-  SampleMemo->setFont(QFont("Monospace"));
+  SampleMemo = new TOrlMemoWidget(nullptr, QFile::decodeName(QByteArray::fromStdString((FHost.HostFolder / "Data").native())));
+  SampleMemo->setObjectName("SampleMemo");
+  SampleMemo->Memo().FProcessShortcuts = true;
+  ApplyEditorAppearance(SampleMemo->Memo(), ReadEditorAppearance(FHost.SettingsIni.get()));
   return Titled(Text(u"095", u"Enter a sample text that will be displayed in the options dialog:"), SampleMemo);
 }
 

@@ -64,13 +64,17 @@ THostEnvironment InitialiseHost(const fs::path& programFile) {
   std::error_code ec;
   host.InstallDataPresent = fs::is_directory(programFile.parent_path() / "InstallData", ec);
   host.HostFolder = GetHostFolder(programFile, host.InstallDataPresent);
+  OpenHostFiles(host);
+  return host;
+}
+
+void OpenHostFiles(THostEnvironment& host) {
   host.SettingsIni = OpenSettings(host.HostFolder / "Quillet.ini");
   if (host.SettingsIni) {
     const std::u16string language = host.SettingsIni->ReadString(u"Customize", u"Language", u"eng.ini");
     const fs::path languageFile = host.HostFolder / "Language" / PathFromString(language);
     if (FileExists(languageFile)) host.Language = TLanguageTexts(std::make_unique<TMemIniFileW>(languageFile));
   }
-  return host;
 }
 
 } // namespace orl

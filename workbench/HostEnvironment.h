@@ -52,5 +52,8 @@ std::filesystem::path GetHostFolder(const std::filesystem::path& programFile, bo
 /// Finds the host folder of `programFile` and opens its settings and language
 /// file. Files that are missing or unreadable leave their store closed.
 THostEnvironment InitialiseHost(const std::filesystem::path& programFile);
+/// Opens the settings and the language file of `host.HostFolder`, as
+/// InitialiseHost does, for a program that lives in the host folder itself.
+void OpenHostFiles(THostEnvironment& host);
 
 } // namespace orl

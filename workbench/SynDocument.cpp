@@ -138,6 +138,21 @@ void TSynDocument::LoadVersionInfo(std::u16string_view baseName) {
   FUi.PagesReloaded();
 }
 
+std::vector<std::u16string> TSynDocument::DefinitionLines() const {
+  if (!FSynGdx) return {};
+  TStringList image;
+  FSynGdx->GetStrings(image);
+  TMemIniFile gdx, ini;
+  gdx.SetCaseSensitive(FSynGdx->CaseSensitive());
+  gdx.SetStrings(image);
+  WriteDefinitionStores(FPages, gdx, ini, CurrentFileNameValue);
+  gdx.GetStrings(image);
+  std::vector<std::u16string> lines;
+  lines.reserve(size_t(image.Count()));
+  for (int i = 0; i < image.Count(); ++i) lines.push_back(image.Strings(i));
+  return lines;
+}
+
 void TSynDocument::SaveDefinition(const fs::path& fileName, bool bRecovery) {
   if (!HasDocument()) return;
   if (bRecovery) {

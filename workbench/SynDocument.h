@@ -80,6 +80,10 @@ public:
   void EnablePages(bool bEnabled);
   void LoadDefinition(const std::filesystem::path& fileName, const std::filesystem::path& recoverName);
   void SaveDefinition(const std::filesystem::path& fileName, bool bRecovery);
+  /// The definition file's lines as a save would write them now, made from
+  /// the pages and the stores without changing either or the disk; empty
+  /// without a document.
+  std::vector<std::u16string> DefinitionLines() const;
   void LoadVersionInfo(std::u16string_view baseName);
   void SetActivePage(int page);
 

@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "ScriptedAnswers.h"
 #include "workbench/WorkbenchUi.h"
 
 namespace orl::test {
@@ -29,17 +30,17 @@ public:
 
   TMsgResult MessageBox(const std::u16string& text, TMsgButtons, const std::u16string&) override {
     Asked.push_back(text);
-    return Take(Answers, TMsgResult::mrCancel);
+    return TakeAnswer(Answers, TMsgResult::mrCancel);
   }
   std::optional<std::u16string> Prompt(const std::u16string&, const std::u16string& prompt,
                                        const std::u16string&) override {
     Prompted.push_back(prompt);
-    return Take(PromptAnswers, std::optional<std::u16string>());
+    return TakeAnswer(PromptAnswers, std::optional<std::u16string>());
   }
   std::u16string ClipboardText() override { return Clipboard; }
   void SetClipboardText(const std::u16string& text) override { Clipboard = text; }
   std::optional<std::vector<std::u16string>> AddWords(bool) override {
-    return Take(Words, std::optional<std::vector<std::u16string>>());
+    return TakeAnswer(Words, std::optional<std::vector<std::u16string>>());
   }
   bool EditItem(TItemDialogData& item) override {
     ItemsShown.push_back(item);
@@ -59,14 +60,7 @@ public:
 private:
   std::optional<std::filesystem::path> Dialog(const TFileDialogOptions& o) {
     Dialogs.push_back(o);
-    return Take(Files, std::optional<std::filesystem::path>());
-  }
-  template <typename T>
-  static T Take(std::deque<T>& queue, T fallback) {
-    if (queue.empty()) return fallback;
-    T value = queue.front();
-    queue.pop_front();
-    return value;
+    return TakeAnswer(Files, std::optional<std::filesystem::path>());
   }
 };
 

@@ -13,6 +13,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 
+#include "SynFormFixture.h"
 #include "TempFolder.h"
 #include "definition/DefinitionFormat.h"
 #include "platform/FileIO.h"
@@ -32,21 +33,7 @@ int RowNamed(const TNameValueGrid& grid, const QString& name) {
   return -1;
 }
 
-class SynFormTest : public ::testing::Test {
-protected:
-  SynFormTest() {
-    fs::create_directories(FDir / "syntax");
-    fs::copy_file(orl::test::HostDir() / "syntax" / "C++.gdx", FFile);
-    fs::copy_file(orl::test::HostDir() / "syntax" / "C++.ini", fs::path(FFile).replace_extension(".ini"));
-    FHost.HostFolder = FDir.Path();
-    FForm = std::make_unique<TSynForm>(FHost);
-  }
-
-  test::TTempFolder FDir;
-  fs::path FFile = FDir / "syntax" / "C.gdx";
-  THostEnvironment FHost;
-  std::unique_ptr<TSynForm> FForm;
-};
+class SynFormTest : public test::TSynFormFixture {};
 
 } // namespace
 
@@ -60,7 +47,7 @@ TEST_F(SynFormTest, LoadingFillsThePagesWithoutCountingAsAnEdit) {
   EXPECT_EQ(FForm->SyntaxOptionTree->Value(RowNamed(*FForm->SyntaxOptionTree, "AllowNestedComments")), "");
   EXPECT_EQ(FForm->BlockNames->count(), int(FForm->Document().Pages().Blocks.size()));
   EXPECT_GT(FForm->lbFileExtensions->count(), 0);
-  EXPECT_FALSE(FForm->SampleMemo->toPlainText().isEmpty());
+  EXPECT_FALSE(FForm->SampleLines().empty());
   EXPECT_FALSE(FForm->Document().Modified());
 
   FForm->MainPages->setCurrentIndex(mpKeywords);

@@ -19,8 +19,7 @@
 #include "platform/CodePages.h"
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
-#include "definition/DefinitionFormat.h"
-#include "syntax/OrlSyntax.h"
+#include "syntax/LoadedSyntax.h"
 
 namespace gdtool {
 
@@ -361,12 +360,7 @@ bool ReadScript(const TMemoArgs& args, std::string& script, std::ostream& err) {
 }
 
 bool LoadSyntax(TOrlMemo& memo, const std::filesystem::path& file, std::ostream& err) {
-  ReadFileBytes(file);  // raises the file error of an unreadable definition
-  TOrlSyntax syntax;
-  syntax.OnDebugWrite = [](const std::u16string&, bool) {};
-  TStringList sample, info;
-  syntax.LoadStyleFromFile(memo, StringFromPath(file), BaseNameOf(file), sample, info);
-  if (memo.FStyles) return true;
+  if (LoadDefinitionInto(memo, file)) return true;
   err << "gdtool memo: " << file.string() << ": no style set could be loaded\n";
   return false;
 }

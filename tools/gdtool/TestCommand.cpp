@@ -7,12 +7,12 @@
 #include <ostream>
 
 #include "Console.h"
-#include "LoadedSyntax.h"
 #include "TestAssertions.h"
-#include "textstore/OrlUniUtils.h"
 #include "platform/CodePages.h"
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
+#include "syntax/ExtensionIndex.h"
+#include "syntax/LoadedSyntax.h"
 #include "syntax/OrlMemoStyles.h"
 
 namespace gdtool {
@@ -120,29 +120,22 @@ public:
   fs::path ForExtension(const fs::path& folder, const std::u16string& extension) {
     auto [it, bNew] = FExtensions.try_emplace(folder);
     if (bNew) it->second = IndexExtensions(folder);
-    const auto found = it->second.find(extension);
-    return found == it->second.end() ? fs::path() : found->second;
+    return it->second.ForExtension(extension);
   }
 
 private:
-  std::map<std::u16string, fs::path> IndexExtensions(const fs::path& folder) {
+  TExtensionIndex IndexExtensions(const fs::path& folder) {
     std::vector<fs::path> files;
     std::error_code ec;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, ec))
       if (entry.path().extension() == ".gdx") files.push_back(entry.path());
     std::sort(files.begin(), files.end());
-    std::map<std::u16string, fs::path> index;
+    TExtensionIndex index;
     for (const fs::path& gdx : files) {
-      std::u16string list;
       try {
-        list = Get(gdx).Extensions;
+        index.Add(gdx, Get(gdx).Extensions);
       } catch (const ETestUnusable&) {
         continue;  // a broken definition claims nothing; the files it should test report no definition
-      }
-      for (size_t from = 0; from < list.size();) {
-        const size_t bar = std::min(list.find(u'|', from), list.size());
-        if (bar > from) index.try_emplace(TOrlUniUtils::OrlWideLowercase(list.substr(from, bar - from)), gdx);
-        from = bar + 1;
       }
     }
     return index;
@@ -150,7 +143,7 @@ private:
 
   std::map<fs::path, std::unique_ptr<TLoadedSyntax>> FLoaded;
   std::map<fs::path, fs::path> FFolderAbove;
-  std::map<fs::path, std::map<std::u16string, fs::path>> FExtensions;
+  std::map<fs::path, TExtensionIndex> FExtensions;
 };
 
 /// The NAME of a first line "... syntax: NAME ...", or empty.
@@ -174,8 +167,7 @@ public:
     const fs::path folder = DefinitionsFolder(file);
     const std::u16string name = SyntaxNamed(lines);
     if (!name.empty()) return FCache.Get(Named(folder, name));
-    const std::u16string extension = TOrlUniUtils::OrlWideLowercase(StringFromPath(file.extension()));
-    const fs::path gdx = extension.empty() ? fs::path() : FCache.ForExtension(folder, extension);
+    const fs::path gdx = FCache.ForExtension(folder, StringFromPath(file.extension()));
     if (gdx.empty())
       throw ETestUnusable{"no definition in " + folder.string() + " claims the extension '" +
                           file.extension().string() + "'; name one with a first line 'syntax: NAME'"};

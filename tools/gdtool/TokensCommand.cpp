@@ -5,10 +5,10 @@
 #include <ostream>
 
 #include "Console.h"
-#include "LoadedSyntax.h"
 #include "platform/CodePages.h"
 #include "platform/FileIO.h"
 #include "platform/OrlError.h"
+#include "syntax/LoadedSyntax.h"
 #include "syntax/OrlMemoStyles.h"
 
 namespace gdtool {
