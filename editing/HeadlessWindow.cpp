@@ -14,6 +14,31 @@ bool IsWide(char16_t ch) { return (ch >= 0x1100 && ch <= 0x115F) || (ch >= 0x2E8
 
 THeadlessWindow::THeadlessWindow() = default;
 
+void THeadlessWindow::SetClipboardText(std::u16string_view text) {
+  Clipboard = {};
+  Clipboard.Text = text;
+}
+
+bool THeadlessWindow::ReadClipboard(TMemoClipboard& data) {
+  ++ClipboardAccesses;
+  if (ClipboardFailures > 0) {
+    --ClipboardFailures;
+    return false;
+  }
+  data = Clipboard;
+  return true;
+}
+
+bool THeadlessWindow::WriteClipboard(const TMemoClipboard& data) {
+  ++ClipboardAccesses;
+  if (ClipboardFailures > 0) {
+    --ClipboardFailures;
+    return false;
+  }
+  Clipboard = data;
+  return true;
+}
+
 void THeadlessWindow::CreateCaret(int width, int height) {
   CaretSize = {width, height};
   bCaretExists = true;

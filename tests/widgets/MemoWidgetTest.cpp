@@ -103,7 +103,8 @@ TEST(MemoWidget, KeysActOnceAndAltGrAndTheInputMethodType) {
   int tabs = 0, pastes = 0;
   memo.Hooks.InsertChar = [&](char16_t ch) { typed.push_back(ch); };
   memo.Hooks.InsertTab = [&] { ++tabs; };
-  memo.Hooks.PasteFromClipboard = [&] { ++pastes; };
+  memo.Hooks.PasteText = [&](std::u16string&, bool) { ++pastes; };
+  widget.SetClipboardText(u"x");
   memo.FProcessShortcuts = true;
   SendKey(widget, Qt::Key_Down, Qt::NoModifier);
   SendKey(widget, Qt::Key_Right, Qt::ShiftModifier);
