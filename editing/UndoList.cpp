@@ -189,7 +189,7 @@ void TOrlUndoList::SetLimit(int value) {
 
 void TOrlUndoList::SetByteBudget(size_t bytes) {
   FByteBudget = bytes;
-  while (Count() > 1 && FPos < Count() - 1 && FBytes > FByteBudget) DropOldest();
+  while (Count() > 1 && FPos < Count() && FBytes > FByteBudget) DropOldest();
 }
 
 // ---- Walking ----
