@@ -19,22 +19,21 @@ void THeadlessWindow::SetClipboardText(std::u16string_view text) {
   Clipboard.Text = text;
 }
 
-bool THeadlessWindow::ReadClipboard(TMemoClipboard& data) {
+bool THeadlessWindow::OpenClipboard() {
   ++ClipboardAccesses;
-  if (ClipboardFailures > 0) {
-    --ClipboardFailures;
-    return false;
-  }
+  if (ClipboardFailures <= 0) return true;
+  --ClipboardFailures;
+  return false;
+}
+
+bool THeadlessWindow::ReadClipboard(TMemoClipboard& data) {
+  if (!OpenClipboard()) return false;
   data = Clipboard;
   return true;
 }
 
 bool THeadlessWindow::WriteClipboard(const TMemoClipboard& data) {
-  ++ClipboardAccesses;
-  if (ClipboardFailures > 0) {
-    --ClipboardFailures;
-    return false;
-  }
+  if (!OpenClipboard()) return false;
   Clipboard = data;
   return true;
 }

@@ -100,6 +100,8 @@ private:
     int Interval = 0;
     int64_t Due = 0;
   };
+  /// Counts an access; false while accesses are to fail.
+  bool OpenClipboard();
   /// Start of each character laid out with tab stops; one entry more than characters.
   std::vector<int> LayOut(const TMemoFont& font, std::u16string_view text, int tabWidth) const;
 

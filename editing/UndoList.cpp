@@ -253,9 +253,9 @@ void TOrlUndoList::Undo() {
   if (!CanUndo() || !FMasterMemo) return;
   TUndo& record = UndoStep();
   if (record.Kind() == TUndoKind::MacroEnd) {
-    UndoUntil(TUndoKind::MacroStart);
+    WalkUntil(TUndoKind::MacroStart, true);
   } else if (record.Kind() == TUndoKind::MultiEditEnd) {
-    UndoMultiEdit(record);
+    WalkMultiEdit(record, true);
   } else {
     RaiseUndoChange();
     if (IsDropPaste(record) && CanUndo()) {
@@ -269,9 +269,9 @@ void TOrlUndoList::Redo() {
   if (!CanRedo() || !FMasterMemo) return;
   TUndo& record = RedoStep();
   if (record.Kind() == TUndoKind::MacroStart) {
-    RedoUntil(TUndoKind::MacroEnd);
+    WalkUntil(TUndoKind::MacroEnd, false);
   } else if (record.Kind() == TUndoKind::MultiEditStart) {
-    RedoMultiEdit(record);
+    WalkMultiEdit(record, false);
   } else {
     RaiseUndoChange();
     if (IsDropDeletion(record) && CanRedo()) {
@@ -281,39 +281,23 @@ void TOrlUndoList::Redo() {
   }
 }
 
-TUndo* TOrlUndoList::UndoUntil(TUndoKind until) {
-  while (CanUndo()) {
-    TUndo& member = Get(FPos);
+TUndo* TOrlUndoList::WalkUntil(TUndoKind until, bool bUndo) {
+  while (bUndo ? CanUndo() : CanRedo()) {
+    TUndo& member = Get(bUndo ? FPos : FPos - 1);
     const TUndoKind kind = member.Kind();
-    Undo();
+    if (bUndo) Undo();
+    else Redo();
     if (kind == until) return &member;
   }
   return nullptr;
 }
 
-TUndo* TOrlUndoList::RedoUntil(TUndoKind until) {
-  while (CanRedo()) {
-    TUndo& member = Get(FPos - 1);
-    const TUndoKind kind = member.Kind();
-    Redo();
-    if (kind == until) return &member;
-  }
-  return nullptr;
-}
-
-void TOrlUndoList::UndoMultiEdit(TUndo& end) {
+void TOrlUndoList::WalkMultiEdit(TUndo& bracket, bool bUndo) {
   TOrlCustomMemo& memo = *FMemo;
   memo.FMultiEditMode = true;
-  static_cast<TMultiEditUndo&>(end).RestoreCursorList(memo);
-  if (TUndo* start = UndoUntil(TUndoKind::MultiEditStart)) static_cast<TMultiEditUndo*>(start)->RestoreCursorList(memo);
-  else memo.Invalidate();
-}
-
-void TOrlUndoList::RedoMultiEdit(TUndo& start) {
-  TOrlCustomMemo& memo = *FMemo;
-  memo.FMultiEditMode = true;
-  static_cast<TMultiEditUndo&>(start).RestoreCursorList(memo);
-  if (TUndo* end = RedoUntil(TUndoKind::MultiEditEnd)) static_cast<TMultiEditUndo*>(end)->RestoreCursorList(memo);
+  static_cast<TMultiEditUndo&>(bracket).RestoreCursorList(memo);
+  TUndo* partner = WalkUntil(bUndo ? TUndoKind::MultiEditStart : TUndoKind::MultiEditEnd, bUndo);
+  if (partner) static_cast<TMultiEditUndo*>(partner)->RestoreCursorList(memo);
   else memo.Invalidate();
 }
 

@@ -116,12 +116,13 @@ private:
   /// the record.
   TUndo& UndoStep();
   TUndo& RedoStep();
-  /// A group's members, each a full step, up to and including the record
-  /// of kind `until`; gives that record, or null when the list ran out.
-  TUndo* UndoUntil(TUndoKind until);
-  TUndo* RedoUntil(TUndoKind until);
-  void UndoMultiEdit(TUndo& end);
-  void RedoMultiEdit(TUndo& start);
+  /// A group's members undone (bUndo) or redone, each a full step, up to
+  /// and including the record of kind `until`; gives that record, or null
+  /// when the list ran out.
+  TUndo* WalkUntil(TUndoKind until, bool bUndo);
+  /// A multi-caret group from its bracket to its partner, with the carets
+  /// of each bracket restored as it is reached.
+  void WalkMultiEdit(TUndo& bracket, bool bUndo);
   void UndoScript(TScriptStartUndo& script, TOrlCustomMemo& memo);
   void RedoScript(TScriptStartUndo& script, TOrlCustomMemo& memo);
 
