@@ -240,12 +240,14 @@ TEST_F(UndoList, ByteBudgetDropsTheOldestButKeepsTheNewest) {
   EXPECT_EQ(List().ByteSize(), 0u);
 }
 
-TEST_F(UndoList, ANestedAddWhileARecordRunsIsDropped) {
+TEST_F(UndoList, WhileARecordRunsANestedAddIsDroppedAndTheRecordsModeHolds) {
   Type(u"a");
+  List().Get(0).FColumn = true;
   int freed = 0;
   int result = 0;
   static_cast<TTypedUndo&>(List().Get(0)).OnPerform = [&](TOrlCustomMemo& m) {
     EXPECT_TRUE(List().FIsPerforming);
+    EXPECT_TRUE(m.ColumnMode());
     EXPECT_FALSE(m.FAutoIndent);  // a line break typed again must not indent
     EXPECT_TRUE(m.FChangeHistoryUndo);
     auto nested = std::make_unique<TTypedUndo>(m, 0, 0, u"n");
@@ -259,6 +261,7 @@ TEST_F(UndoList, ANestedAddWhileARecordRunsIsDropped) {
   EXPECT_FALSE(List().FIsPerforming);
   EXPECT_TRUE(memo.FAutoIndent);
   EXPECT_FALSE(memo.FChangeHistoryUndo);
+  EXPECT_FALSE(memo.ColumnMode());
 }
 
 TEST_F(UndoList, AFailingRecordStaysAndEverythingIsPutBack) {
@@ -302,14 +305,30 @@ TEST_F(UndoList, ARecordKeepsRealLinePositionsWhileWrappingChanges) {
   EXPECT_EQ(memo.CurY(), 1);
 }
 
-TEST_F(UndoList, ARecordRunsInItsOwnColumnMode) {
-  Type(u"a");
-  List().Get(0).FColumn = true;
-  bool bColumnWhileRunning = false;
-  static_cast<TTypedUndo&>(List().Get(0)).OnPerform = [&](TOrlCustomMemo& m) { bColumnWhileRunning = m.ColumnMode(); };
+TEST_F(UndoList, AnUndoOnAFoldedRowOpensItOrStopsAboveIt) {
+  memo.SetText(u"head\r\nbody\r\nend");
+  memo.SetCursor(4, 1, false);
+  Type(u"X", TUndoKind::Paste);
+  Type(u"Y", TUndoKind::Paste);
+  memo.InternalLines().SetHiddenLine(1, true);
+  std::vector<int> opened;
+  memo.Hooks.OpenNodesOnHiddenLine = [&](int line) {
+    opened.push_back(line);
+    memo.InternalLines().SetHiddenLine(line, false);
+  };
   memo.Undo();
-  EXPECT_TRUE(bColumnWhileRunning);
-  EXPECT_FALSE(memo.ColumnMode());
+  EXPECT_EQ(opened, std::vector<int>{1});
+  EXPECT_EQ(memo.GetLineText(1), u"bodyX");
+  EXPECT_EQ(memo.CurX(), 5);
+  EXPECT_EQ(memo.CurY(), 1);
+  // A row that is folded after the record ran leaves the caret at the end of the shown row above.
+  static_cast<TTypedUndo&>(List().Get(1)).OnPerform = [&](TOrlCustomMemo& m) {
+    m.InternalLines().SetHiddenLine(1, true);
+  };
+  memo.Undo();
+  EXPECT_EQ(memo.GetLineText(1), u"body");
+  EXPECT_EQ(memo.CurY(), 0);
+  EXPECT_EQ(memo.CurX(), 4);
 }
 
 TEST_F(UndoList, AScriptGroupIsOneStepUndoneInReverse) {
