@@ -453,6 +453,24 @@ TEST_F(UndoList, KeysUndoOnlyWithTheMemosShortcuts) {
   EXPECT_FALSE(memo.CanUndo());
 }
 
+TEST_F(UndoList, TheSplitViewWithTheFocusRunsTheStep) {
+  memo.SetText(u"abc");
+  memo.SetCursor(3, 0, false);
+  Type(u"d");
+  TOrlMemo view;
+  view.AssignSplitMemo(&memo, true);
+  view.FFocused = true;
+  view.Undo();  // a slave walks its master's list
+  EXPECT_EQ(memo.Text(), u"abc");
+  EXPECT_EQ(List().FMemo, &view);
+  EXPECT_EQ(view.CurX(), 3);
+  EXPECT_EQ(memo.CurX(), 4);  // the owner's caret stays where it was
+  view.FFocused = false;
+  memo.Redo();
+  EXPECT_EQ(List().FMemo, &memo);
+  EXPECT_EQ(memo.CurX(), 4);
+}
+
 TEST_F(UndoList, RevertToWalksToAPosition) {
   for (char16_t ch : std::u16string(u"abc")) {
     memo.SetCursor(memo.CurX(), 0, false);
