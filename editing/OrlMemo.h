@@ -103,6 +103,10 @@ public:
   // State.
   bool Modified();
   void SetModified(bool Value);
+  bool ReadOnly() const { return FReadOnly; }
+  void SetReadOnly(bool Value) { FReadOnly = Value; }
+  int TabSize() const { return FTabSize; }
+  void SetTabSize(int Value);
 
   // Undo and redo, through the list that InternalUndoList gives.
   void Undo();
@@ -111,6 +115,11 @@ public:
   bool CanUndo();
   bool CanRedo();
   void ClearUndoList();
+  /// Tells the host what undo and redo can do now (OnUndoChange).
+  void UndoChange();
+  /// An edit changed the text: the document counts as modified until a
+  /// save or an undo step says otherwise.
+  void NoteTextEdited();
 
   // Clipboard.
   /// Copies the selection; with none the whole line with its end (marked as
@@ -124,15 +133,6 @@ public:
   void PasteFromClipboard(bool bAddLineFeed);
   /// Pastes the HTML that another program copied, as source text.
   void PasteFromClipboardHTML();
-  /// Tells the host what undo and redo can do now (OnUndoChange).
-  void UndoChange();
-  /// An edit changed the text: the document counts as modified until a
-  /// save or an undo step says otherwise.
-  void NoteTextEdited();
-  bool ReadOnly() const { return FReadOnly; }
-  void SetReadOnly(bool Value) { FReadOnly = Value; }
-  int TabSize() const { return FTabSize; }
-  void SetTabSize(int Value);
 
   // Update brackets and change handling.
   virtual void BeginUpdate();
