@@ -1,5 +1,6 @@
 #include "editing/UndoList.h"
 
+#include <algorithm>
 #include <string>
 
 #include "editing/OrlMemo.h"
@@ -136,14 +137,15 @@ void TOrlUndoList::StepMarkForAddition() {
   FEditedOutsideSteps = false;
 }
 
-void TOrlUndoList::StepMarkDown(int merged) {
-  FSavePosIndex -= merged;
-  FSavePosIndex = FSavePosIndex == 0 ? kUndoneBelowSave : FSavePosIndex - 1;
-}
-
-void TOrlUndoList::StepMarkUp(int merged) {
-  FSavePosIndex = FSavePosIndex == kUndoneBelowSave ? 0 : FSavePosIndex + 1;
-  FSavePosIndex += merged;
+// The mark as a signed distance in characters from the saved state: n above
+// it is n, n below it is -999 - n, so that one step below reads -1000.
+// A distance that walks across the saved state inside one merged record
+// lands below it, never on an unrelated 0.
+void TOrlUndoList::MoveMark(int characters) {
+  if (FSavePosIndex <= kSavedStateLost) return;
+  int distance = FSavePosIndex > kUndoneBelowSave ? FSavePosIndex : FSavePosIndex - kUndoneBelowSave - 1;
+  distance += characters;
+  FSavePosIndex = distance >= 0 ? distance : std::max(kUndoneBelowSave + 1 + distance, kSavedStateLost);
 }
 
 void TOrlUndoList::MarkSaved() {
@@ -206,7 +208,7 @@ TUndo& TOrlUndoList::UndoStep() {
   }
   Remeasure(FPos);
   ++FPos;
-  StepMarkDown(record.FMergedSteps);
+  MoveMark(-(1 + record.FMergedSteps));
   FEditedOutsideSteps = false;
   if (memo.FTextDiffMode && record.FDiffSyncChange) FTextDiffInSync = !FTextDiffInSync;
   TraceStep(">TUndo.Undo ", record, memo);
@@ -228,7 +230,7 @@ TUndo& TOrlUndoList::RedoStep() {
   }
   Remeasure(index);
   FPos = index;
-  StepMarkUp(record.FMergedSteps);
+  MoveMark(1 + record.FMergedSteps);
   FEditedOutsideSteps = false;
   return record;
 }

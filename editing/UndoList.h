@@ -14,7 +14,8 @@
 // falls to -1000), a redo adds 1 (from -1000 back to 0); an addition at
 // -1000 or below sets -10000, from which no walk comes back. A record that
 // took n merges moves the mark by n more when undone or redone, so that the
-// mark counts characters; the list does this, not the records.
+// mark counts characters; the list does this, not the records. An undo
+// that passes the saved state inside a merged record lands below it.
 
 #include <cstddef>
 #include <deque>
@@ -105,8 +106,8 @@ private:
   bool Place(std::unique_ptr<TUndo> item);
   void DropOldest();
   void StepMarkForAddition();
-  void StepMarkDown(int steps);
-  void StepMarkUp(int steps);
+  /// An undo (negative) or redo of so many characters.
+  void MoveMark(int characters);
   void Remeasure(int index);
   void RaiseUndoChange() const;
   /// The debug line of a step, when the memo has a listener.

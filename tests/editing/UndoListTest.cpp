@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <stdexcept>
 
 #include "editing/HeadlessWindow.h"
@@ -169,6 +170,46 @@ TEST_F(UndoList, SaveMarkSequences) {
   EXPECT_EQ(Mark(), -1000);
   memo.Redo();
   EXPECT_EQ(Mark(), 2);
+
+  // An undo that passes the saved state inside a merged record lands below
+  // it, and typing from there never finds it again.
+  memo.SetText(u"");
+  memo.ClearUndoList();
+  memo.SetCursor(0, 0, false);
+  TypeChars(u"ab");
+  memo.Saved();
+  Type(u"c");
+  memo.Undo();
+  EXPECT_EQ(Mark(), -1001);
+  TypeChars(u"xy");
+  EXPECT_TRUE(memo.Modified());
+}
+
+TEST_F(UndoList, RandomEditsNeverReadUnmodifiedAwayFromTheSavedText) {
+  std::mt19937 random(20261124);
+  const auto pick = [&](int n) { return int(random() % unsigned(n)); };
+  List().SetLimit(1000);
+  std::u16string saved = memo.Text(), newest = saved;
+  for (int step = 0; step < 400; ++step) {
+    switch (pick(6)) {
+      case 0: memo.Undo(); break;
+      case 1: memo.Redo(); break;
+      case 2:
+        memo.Saved();
+        saved = memo.Text();
+        break;
+      case 3: memo.SetCursor(pick(int(memo.GetLineText(0).size()) + 1), 0, false); break;
+      default: Type(std::u16string(1, char16_t(u'a' + pick(3))), pick(4) ? TUndoKind::InsertChar : TUndoKind::Paste);
+    }
+    if (List().FPos == 0) newest = memo.Text();
+    if (!memo.Modified()) {
+      ASSERT_EQ(memo.Text(), saved) << "step " << step;
+    }
+  }
+  while (memo.CanUndo()) memo.Undo();
+  EXPECT_EQ(memo.Text(), u"");
+  while (memo.CanRedo()) memo.Redo();
+  EXPECT_EQ(memo.Text(), newest);
 }
 
 TEST_F(UndoList, AKeystrokeMergedAfterASaveStillNeedsASave) {
