@@ -14,6 +14,30 @@ bool IsWide(char16_t ch) { return (ch >= 0x1100 && ch <= 0x115F) || (ch >= 0x2E8
 
 THeadlessWindow::THeadlessWindow() = default;
 
+void THeadlessWindow::SetClipboardText(std::u16string_view text) {
+  Clipboard = {};
+  Clipboard.Text = text;
+}
+
+bool THeadlessWindow::OpenClipboard() {
+  ++ClipboardAccesses;
+  if (ClipboardFailures <= 0) return true;
+  --ClipboardFailures;
+  return false;
+}
+
+bool THeadlessWindow::ReadClipboard(TMemoClipboard& data) {
+  if (!OpenClipboard()) return false;
+  data = Clipboard;
+  return true;
+}
+
+bool THeadlessWindow::WriteClipboard(const TMemoClipboard& data) {
+  if (!OpenClipboard()) return false;
+  Clipboard = data;
+  return true;
+}
+
 void THeadlessWindow::CreateCaret(int width, int height) {
   CaretSize = {width, height};
   bCaretExists = true;

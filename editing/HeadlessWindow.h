@@ -51,8 +51,13 @@ public:
   int DoubleClickTime() const override { return 500; }
   int64_t TickCount() const override { return Clock; }
 
-  std::u16string ClipboardText() const override { return Clipboard; }
-  void SetClipboardText(std::u16string_view text) override { Clipboard = text; }
+  std::u16string ClipboardText() const override { return Clipboard.Text; }
+  void SetClipboardText(std::u16string_view text) override;
+  bool ReadClipboard(TMemoClipboard& data) override;
+  bool WriteClipboard(const TMemoClipboard& data) override;
+  /// Time passes on the window's clock; no timer fires, as none would while the thread waits.
+  void Sleep(int ms) override { Clock += ms; }
+  void ShowMessage(std::u16string_view text) override { Messages.emplace_back(text); }
 
   TTextMetrics GetTextMetrics(const TMemoFont& font) override;
   int TextExtent(const TMemoFont& font, std::u16string_view text) override;
@@ -81,7 +86,12 @@ public:
   bool bCaretShown = false;
   TCursorShape Cursor = TCursorShape::crIBeam;
   int Beeps = 0;
-  std::u16string Clipboard;
+  TMemoClipboard Clipboard;
+  /// The next so many clipboard accesses fail, as when another program holds it.
+  int ClipboardFailures = 0;
+  /// Clipboard accesses tried, failed ones included.
+  int ClipboardAccesses = 0;
+  std::vector<std::u16string> Messages;
   int64_t Clock = 0;
 
 private:
@@ -90,6 +100,8 @@ private:
     int Interval = 0;
     int64_t Due = 0;
   };
+  /// Counts an access; false while accesses are to fail.
+  bool OpenClipboard();
   /// Start of each character laid out with tab stops; one entry more than characters.
   std::vector<int> LayOut(const TMemoFont& font, std::u16string_view text, int tabWidth) const;
 

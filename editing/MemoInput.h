@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 namespace orl {
 
@@ -45,11 +46,17 @@ struct TMemoHooks {
   std::function<void()> DuplicateCurrentLine, DeleteCurrentLine;
   std::function<void(bool bShift)> IndentSelectedBlock, UnIndentSelectedBlock;
   std::function<void()> UnIndentFromCursor;
-  std::function<void()> CopyToClipboard, PasteFromClipboard, CutToClipboard;
+  /// Smart paste of clipboard text; with bInsertAtBOL at the head of the
+  /// caret's row, the caret keeping its column.
+  std::function<void(std::u16string& text, bool bInsertAtBOL)> PasteText;
   /// Trailing blanks of a row the caret left; it changes text, so it needs an undo record.
   std::function<void(int line)> RemoveTrailing;
-  // Undo.
-  std::function<void()> Undo, Redo;
+  // Folding: opens the folds that hide a row an undo goes back to.
+  std::function<void(int line)> OpenNodesOnHiddenLine;
+  // Snippets: true while an expanded snippet's tab stops are being stepped
+  // through, so that each edit records that it was made inside one; past
+  // the last stop the snippet part leaves snippet mode itself.
+  std::function<bool()> AtSnippetTabStop;
   // Completion and hints.
   std::function<void()> ShowCompletion, ShowParameterHint;
   // Several carets and sync edit.

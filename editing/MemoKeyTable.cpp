@@ -81,15 +81,25 @@ bool TOrlCustomMemo::ShortcutKey(int Key, TShiftState shift) {
       SelectAll(false);
       return true;
     case 'C':
-      return bCtrl && FProcessShortcuts && Run(Hooks.CopyToClipboard);
+      if (!bCtrl || !FProcessShortcuts) return false;
+      CopyToClipboard();
+      return true;
     case 'V':
-      return bCtrl && FProcessShortcuts && bEditable && Run(Hooks.PasteFromClipboard);
+      if (!bCtrl || !FProcessShortcuts || !bEditable) return false;
+      PasteFromClipboard(false);
+      return true;
     case 'X':
-      return bCtrl && FProcessShortcuts && bEditable && Run(Hooks.CutToClipboard);
+      if (!bCtrl || !FProcessShortcuts || !bEditable) return false;
+      CutToClipboard();
+      return true;
     case 'Y':
-      return bCtrl && FProcessShortcuts && bEditable && Run(Hooks.Redo);
     case 'Z':
-      return bCtrl && FProcessShortcuts && bEditable && Run(bShift ? Hooks.Redo : Hooks.Undo);
+      // A host that binds its own undo command keeps these keys: they act
+      // only with the memo's shortcuts on, like Alt+Backspace.
+      if (!bCtrl || !FProcessShortcuts || !bEditable) return false;
+      if (Key == 'Z' && !bShift) Undo();
+      else Redo();
+      return true;
     case 'L':
       if (!bCtrl || !bEditable) return false;
       return Run(bShift ? Hooks.DeleteCurrentLine : Hooks.DuplicateCurrentLine);
@@ -116,7 +126,9 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
       return true;
     case vkBack:
       if (mods & ssAlt) {
-        if (FProcessShortcuts && bEditable) Run((mods & ssShift) ? Hooks.Redo : Hooks.Undo);
+        if (!FProcessShortcuts || !bEditable) return true;
+        if (mods & ssShift) Redo();
+        else Undo();
         return true;
       }
       if (!bEditable) return true;
@@ -132,7 +144,10 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
       return true;
     case vkDelete:
       if (!bEditable) return true;
-      if (mods & ssShift) return Run(Hooks.CutToClipboard);
+      if (mods & ssShift) {
+        CutToClipboard();
+        return true;
+      }
       if (mods & ssCtrl) {
         if (!Hooks.DeleteSelection) return true;
         MoveCursor(1, 0, ssShift | ssCtrl);
@@ -144,8 +159,14 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
       Run(Hooks.RecordMacro, 2, 1);
       return true;
     case vkInsert:
-      if (mods & ssShift) return bEditable && Run(Hooks.PasteFromClipboard);
-      if (mods & ssCtrl) return Run(Hooks.CopyToClipboard);
+      if (mods & ssShift) {
+        if (bEditable) PasteFromClipboard(false);
+        return true;
+      }
+      if (mods & ssCtrl) {
+        CopyToClipboard();
+        return true;
+      }
       if (mods == 0) {
         bool bAllow = true;
         if (OnOverwriteToggle) OnOverwriteToggle(bAllow);

@@ -210,11 +210,11 @@ void TOrlCustomMemo::SetModified(bool Value) {
   TOrlUndoList& undo = InternalUndoList();
   if (Value) {
     FNewAtStartup = false;
-    if (undo.FSavePosIndex == 0) undo.FSavePosIndex = 100;
+    undo.MarkChangedWithoutSteps();
     return;
   }
   if (FResetUndoBuffer) undo.Clear();
-  undo.FSavePosIndex = 0;
+  undo.ClearSaveMark();
 }
 
 void TOrlCustomMemo::AssignSplitMemo(TOrlCustomMemo* ctrl, bool asSlave) {

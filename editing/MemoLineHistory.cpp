@@ -9,7 +9,7 @@ namespace orl {
 void TOrlCustomMemo::ChangeLineHistory(int line) {
   TOrlMemoStrings& lines = InternalLines();
   if (line < 0 || line >= lines.Count()) return;
-  SetModified(true);
+  NoteTextEdited();
   lines.GetLineAttribute(line)->RequestSpellCheck();
   const int head = WrapOn() ? GetWrapStartLine(line) : line;
   const THistoryStep step = FChangeHistoryUndo ? hsUndo : FChangeHistoryRedo ? hsRedo : hsEdit;
@@ -21,6 +21,7 @@ void TOrlCustomMemo::Saved() {
   TOrlMemoStrings& lines = InternalLines();
   for (int i = 0; i < lines.Count(); ++i)
     if (lines.ReadLineAttribute(i).Changed()) MarkLineSaved(*lines.GetLineAttribute(i));
+  InternalUndoList().MarkSaved();
   FModifiedAndSaved = true;
   Invalidate();
 }

@@ -65,6 +65,7 @@ const std::vector<TProperty>& Properties() {
            m.SetColumnMode(value);
            return true;
          }},
+        Switch("CopyLineToClipboard", &M::FCopyLineToClipboard),
         Switch("DelErase", &M::FDelErase),
         Switch("EncloseSelectionWithParenthesis", &M::FEncloseSelectionWithParenthesis),
         Switch("EncloseSelectionWithQuotes", &M::FEncloseSelectionWithQuotes),

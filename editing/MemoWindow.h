@@ -3,9 +3,11 @@
 // interface so that the memo runs headless in tests and tools, and a toolkit
 // widget only forwards its events and answers these calls.
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <thread>
 
 #include "editing/MemoGeometry.h"
 #include "syntax/CharStyle.h"
@@ -69,6 +71,18 @@ struct TCharHit {
   int Trailing = 0;  ///< in its right half: the cluster's length, else 0
 };
 
+/// What the memo puts on the clipboard or finds there.
+struct TMemoClipboard {
+  /// Plain text: what other programs see and paste.
+  std::u16string Text;
+  /// The text is a whole line with its end: pasted at the head of the
+  /// caret's row. Carried apart from the text, so other programs never see it.
+  bool bWholeLine = false;
+  /// An HTML document or fragment that another program put there; read only.
+  std::u16string Html;
+  bool operator==(const TMemoClipboard&) const = default;
+};
+
 /// What the window tells the memo.
 class IMemoWindowClient {
 public:
@@ -116,6 +130,22 @@ public:
 
   virtual std::u16string ClipboardText() const = 0;
   virtual void SetClipboardText(std::u16string_view text) = 0;
+  /// Opens the clipboard and reads every form the memo knows; false when
+  /// the clipboard can't be opened now (another program holds it).
+  virtual bool ReadClipboard(TMemoClipboard& data) {
+    data = {};
+    data.Text = ClipboardText();
+    return true;
+  }
+  /// Opens the clipboard and replaces what it holds; false when it can't be opened now.
+  virtual bool WriteClipboard(const TMemoClipboard& data) {
+    SetClipboardText(data.Text);
+    return true;
+  }
+  /// Waits on the calling thread, as the clipboard's retry does.
+  virtual void Sleep(int ms) { std::this_thread::sleep_for(std::chrono::milliseconds(ms)); }
+  /// A message to the user with an OK button.
+  virtual void ShowMessage(std::u16string_view text) { (void)text; }
 
   virtual TTextMetrics GetTextMetrics(const TMemoFont& font) = 0;
   /// Width of `text` drawn plainly, tabs as ordinary characters.

@@ -108,6 +108,32 @@ public:
   int TabSize() const { return FTabSize; }
   void SetTabSize(int Value);
 
+  // Undo and redo, through the list that InternalUndoList gives.
+  void Undo();
+  void Redo();
+  /// False while the memo closes or is read-only.
+  bool CanUndo();
+  bool CanRedo();
+  void ClearUndoList();
+  /// Tells the host what undo and redo can do now (OnUndoChange).
+  void UndoChange();
+  /// An edit changed the text: the document counts as modified until a
+  /// save or an undo step says otherwise.
+  void NoteTextEdited();
+
+  // Clipboard.
+  /// Copies the selection; with none the whole line with its end (marked as
+  /// a whole line) when FCopyLineToClipboard, else the token at the caret.
+  /// Gives the text copied.
+  std::u16string CopyToClipboard();
+  /// Copies, then deletes the selection, or with FCopyLineToClipboard and
+  /// no selection the whole line. Gives the text copied.
+  std::u16string CutToClipboard();
+  /// Pastes the clipboard's text; bAddLineFeed appends a line end.
+  void PasteFromClipboard(bool bAddLineFeed);
+  /// Pastes the HTML that another program copied, as source text.
+  void PasteFromClipboardHTML();
+
   // Update brackets and change handling.
   virtual void BeginUpdate();
   virtual void EndUpdate();
@@ -508,7 +534,7 @@ public:
        FDoThreadInvalidate = false, FUpdateClones = false, FNewAtStartup = true,
        FModifiedAndSaved = false, FResetUndoBuffer = false, FOldReadOnly = false, FNoResize = false,
        FHasLoaded = true, FRecordMacro = false, FUpdateCodeExplorer = false, FAllowSyntaxInStrings = false,
-       FisDefault = false, FTwoWords = false;
+       FisDefault = false, FTwoWords = false, FCopyLineToClipboard = false;
   /// Read by the background thread's scans between their steps.
   std::atomic<bool> FHaltBkThread = false;
 
@@ -595,6 +621,13 @@ private:
   void PanTick();
   TFullPos ClampToStore(TFullPos pos);
   void NotifySelectionChange() { if (OnSelectionChange) OnSelectionChange(false); }
+  /// Runs a clipboard access, trying again while another program holds the
+  /// clipboard; false, after telling the user, when it never got it.
+  bool AccessClipboard(const std::function<bool()>& access);
+  /// What a copy takes; bWholeLine says the text is the caret's whole line.
+  std::u16string CopyText(bool& bWholeLine);
+  /// Gives clipboard text to the paste; nothing for an empty text.
+  void PasteClipboardText(std::u16string text, bool bInsertAtBOL);
   int FScrollRefY = -1;  ///< the row the view must show: the caret's, shifted by the scroll margin
   // ---- Caret, selection, keyboard, mouse and scrolling: helpers (end) ----
 
@@ -629,6 +662,9 @@ public:
   void LinesChanged(bool bRedraw, bool bNew, bool SetCaret) override;
   /// Clears the undo list and every row's line history.
   void ClearUndoRedoAndLineHistory();
+  /// Undoes or redoes until the list's position is `n`, with the window's
+  /// updates held until the end.
+  void RevertTo(int n);
 
   bool FAddToMRU = true, FShowLineChanges = true, FMonitorLogFileFollowTail = true,
        FTabShouldExpandAbbreviations = true;

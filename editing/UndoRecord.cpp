@@ -1,12 +1,17 @@
 #include "editing/UndoRecord.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "editing/OrlMemo.h"
 
 namespace orl {
 
 namespace {
+
+/// The label's length before it is cut with "...".
+constexpr size_t kActionTextLength = 16;
 
 struct TUndoClassInfo {
   const char* Name;
@@ -75,10 +80,169 @@ void TUndo::SetUndoData(TOrlCustomMemo& memo, int APos0, int APos, int curx0, in
   FColumn = bColumn;
 }
 
-// For now the frame runs the record's own reversal; the conversion to the
-// current wrapping and the caret placement come with the full undo list.
-void TUndo::Undo(TOrlCustomMemo& memo) { PerformUndo(memo); }
-void TUndo::Redo(TOrlCustomMemo& memo) { PerformRedo(memo); }
+namespace {
+
+/// Sets a memo flag for the time of a scope and clears it on every path.
+class TFlagScope {
+public:
+  explicit TFlagScope(bool& flag) : FFlag(flag) { FFlag = true; }
+  ~TFlagScope() { FFlag = false; }
+  TFlagScope(const TFlagScope&) = delete;
+  TFlagScope& operator=(const TFlagScope&) = delete;
+
+private:
+  bool& FFlag;
+};
+
+/// Detaches the store's change handler for a scope: a record may change many
+/// rows, and the memo follows once at the end.
+class TChangeHandlerScope {
+public:
+  explicit TChangeHandlerScope(TOrlMemoStrings& lines) : FLines(lines), FSaved(std::exchange(lines.OnChange, {})) {}
+  ~TChangeHandlerScope() { FLines.OnChange = std::move(FSaved); }
+  TChangeHandlerScope(const TChangeHandlerScope&) = delete;
+  TChangeHandlerScope& operator=(const TChangeHandlerScope&) = delete;
+
+private:
+  TOrlMemoStrings& FLines;
+  TElWideStrings::TNotifyEvent FSaved;
+};
+
+/// Converts a stored (unwrapped) position to the current rows; a negative
+/// row means "no position" and stays.
+void WrapPosition(TOrlCustomMemo& memo, int& x, int& y) {
+  if (y >= 0) memo.GetWrappedPos(x, y);
+}
+
+/// The caret on a stored position, converted to the current rows; column
+/// records store visual columns.
+void PutCaret(TOrlCustomMemo& memo, int x, int y, bool bColumn) {
+  memo.GetWrappedPos(x, y);
+  y = std::clamp(y, 0, std::max(memo.InternalLines().Count() - 1, 0));
+  if (bColumn) x = memo.ToRealCursorPos(y, x);
+  memo.SetCursor(x, y, true);
+}
+
+/// After an undo the caret goes to where the edit began; when a fold hides
+/// that row, to the end of the nearest shown row above it.
+void PutCaretOnStart(TOrlCustomMemo& memo, int x, int y, bool bColumn) {
+  int wx = x, wy = y;
+  memo.GetWrappedPos(wx, wy);
+  if (wy < 0 || wy >= memo.InternalLines().Count() || !memo.IsLineHidden(wy)) return PutCaret(memo, x, y, bColumn);
+  while (wy > 0 && memo.IsLineHidden(wy)) --wy;
+  memo.SetCursor(memo.InternalLines().GetLineLength(wy), wy, true);
+}
+
+} // namespace
+
+void TUndo::WrapPositions(TOrlCustomMemo& memo) {
+  WrapPosition(memo, FUndoCurX0, FUndoCurY0);
+  WrapPosition(memo, FUndoCurX, FUndoCurY);
+  WrapPosition(memo, FUndoSelStartX, FUndoSelStartY);
+  WrapPosition(memo, FUndoSelEndX, FUndoSelEndY);
+}
+
+void TUndo::RestorePositions() {
+  FUndoCurX0 = FOldUndoCurX0;
+  FUndoCurY0 = FOldUndoCurY0;
+  FUndoCurX = FOldUndoCurX;
+  FUndoCurY = FOldUndoCurY;
+  FUndoSelStartX = FOldUndoSelStartX;
+  FUndoSelStartY = FOldUndoSelStartY;
+  FUndoSelEndX = FOldUndoSelEndX;
+  FUndoSelEndY = FOldUndoSelEndY;
+}
+
+void TUndo::Perform(TOrlCustomMemo& memo, bool bUndo) {
+  const bool bOldColumnMode = memo.ColumnMode();
+  memo.SetColumnMode(FColumn);
+  try {
+    TFlagScope history(bUndo ? memo.FChangeHistoryUndo : memo.FChangeHistoryRedo);
+    if (bUndo) PerformUndo(memo);
+    else PerformRedo(memo);
+  } catch (...) {
+    memo.SetColumnMode(bOldColumnMode);
+    throw;
+  }
+  memo.SetColumnMode(bOldColumnMode);
+}
+
+void TUndo::Undo(TOrlCustomMemo& memo) {
+  if (!dynamic_cast<TOrlMemo*>(&memo)) return;
+  TChangeHandlerScope detached(memo.InternalLines());
+  try {
+    WrapPositions(memo);
+    if (FUndoCurY0 >= 0 && FUndoCurY0 < memo.InternalLines().Count() && memo.IsLineHidden(FUndoCurY0) &&
+        FUndoText != u"\r" && memo.Hooks.OpenNodesOnHiddenLine)
+      memo.Hooks.OpenNodesOnHiddenLine(FUndoCurY0);
+    PutCaret(memo, FOldUndoCurX, FOldUndoCurY, FColumn);
+    Perform(memo, true);
+    if (!PlacesCaretItself()) PutCaretOnStart(memo, FOldUndoCurX0, FOldUndoCurY0, FColumn);
+  } catch (...) {
+    RestorePositions();
+    throw;
+  }
+  RestorePositions();
+  if (!PlacesCaretItself()) memo.ClearSelection(true);
+}
+
+void TUndo::Redo(TOrlCustomMemo& memo) {
+  if (!dynamic_cast<TOrlMemo*>(&memo)) return;
+  TChangeHandlerScope detached(memo.InternalLines());
+  try {
+    WrapPositions(memo);
+    PutCaret(memo, FOldUndoCurX0, FOldUndoCurY0, FColumn);
+    Perform(memo, false);
+    PutCaret(memo, FOldUndoCurX, FOldUndoCurY, FColumn);
+  } catch (...) {
+    RestorePositions();
+    throw;
+  }
+  RestorePositions();
+  memo.ClearSelection(true);
+}
+
+void TUndo::UpdateActionText() {
+  const std::u16string* source = &FUndoText;
+  std::u16string joined;
+  if (!FUnicodeText.empty()) {
+    source = &FUnicodeText;
+  } else if (!FEndString.empty()) {
+    joined = FStartString + u" ... " + FEndString;
+    source = &joined;
+  } else if (!FStartString.empty()) {
+    source = &FStartString;
+  }
+  size_t length = std::min(source->size(), kActionTextLength);
+  // A surrogate pair is kept whole or left out whole.
+  if (length < source->size() && length > 0 && (*source)[length - 1] >= 0xD800 && (*source)[length - 1] <= 0xDBFF)
+    --length;
+  std::u16string label;
+  for (size_t i = 0; i < length; ++i) {
+    const char16_t ch = (*source)[i];
+    if (ch != u'\r') {
+      label.push_back(ch);
+      continue;
+    }
+    label += u"[CRLF]";
+    if (i + 1 < length && (*source)[i + 1] == u'\n') ++i;
+  }
+  if (source->size() > kActionTextLength) label += u"...";
+  FActionText = std::move(label);
+}
+
+size_t TUndo::ByteSize() const {
+  size_t bytes = sizeof(*this) + FZipText.ByteSize() + FDisabledLines.capacity() * sizeof(TDiffInfo);
+  for (const std::u16string* s : {&FUndoText, &FUnicodeText, &FStartString, &FEndString, &FActionText})
+    bytes += s->capacity() * sizeof(char16_t);
+  return bytes;
+}
+
+TOrlCustomMemo& RunningMemo(TOrlCustomMemo& master) {
+  TOrlCustomMemo* split = master.FSplitMemo;
+  if (split && (split->FFocused || split->CanCopy())) return *split;
+  return master;
+}
 
 void TSelUndo::SetSelection(TOrlCustomMemo& memo, int StartX, int StartY, int EndX, int EndY) {
   if (StartY >= 0) memo.GetUnwrappedPos(StartX, StartY);

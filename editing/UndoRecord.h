@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "editing/ZippedText.h"
+
 namespace orl {
 
 class TOrlCustomMemo;
@@ -61,9 +63,28 @@ public:
   /// merge.
   virtual bool Append(TUndo& next) { (void)next; return false; }
 
-  /// The frame around PerformUndo / PerformRedo.
+  /// The frame around PerformUndo / PerformRedo: converts the stored
+  /// positions to the current wrapping, places the caret before and after,
+  /// runs the record in its own column mode with the store's change handler
+  /// detached, and puts the stored positions back on every path.
   virtual void Undo(TOrlCustomMemo& memo);
   virtual void Redo(TOrlCustomMemo& memo);
+
+  /// The short label the debug line shows: the first of UnicodeText,
+  /// "start ... end", StartString and UndoText that isn't empty, cut to 16
+  /// characters. A record that merged another sets it again.
+  void UpdateActionText();
+
+  /// The long text of the edit, compressed when long; an empty text clears it.
+  const std::u16string& ZipText() const { return FZipText.Text(); }
+  void SetZipText(std::u16string text) { FZipText.Assign(std::move(text)); }
+
+  /// Bytes of memory the record holds, for the undo list's budget.
+  virtual size_t ByteSize() const;
+
+  /// How many records merged into this one; each moved the save mark by
+  /// one step, so undoing and redoing the record moves it as many more.
+  int FMergedSteps = 0;
 
   // Positions, unwrapped; the FOld copies are put back after each run.
   int FUndoCurX0 = 0, FUndoCurY0 = 0, FUndoCurX = 0, FUndoCurY = 0;
@@ -94,14 +115,31 @@ public:
   bool FSavePoint = false;
   /// The memo that owns the record; a split slave gives its master.
   TOrlCustomMemo* FMasterMemo = nullptr;
+  TZippedText FZipText;
 
 protected:
   virtual void PerformUndo(TOrlCustomMemo& memo) { (void)memo; }
   virtual void PerformRedo(TOrlCustomMemo& memo) { (void)memo; }
+  /// The frame's caret placement after PerformUndo; the records that place
+  /// the caret themselves (a replacement, a restored deletion) skip it.
+  bool PlacesCaretItself() const { return FKind == TUndoKind::Replace || FKind == TUndoKind::DeleteBuf; }
 
 private:
+  /// The stored positions converted to the memo's current rows.
+  void WrapPositions(TOrlCustomMemo& memo);
+  /// Puts the FOld copies back over the working positions.
+  void RestorePositions();
+  /// Runs PerformUndo (bUndo) or PerformRedo in the record's column mode,
+  /// with the memo's line history told which of the two it is.
+  void Perform(TOrlCustomMemo& memo, bool bUndo);
+
   TUndoKind FKind;
 };
+
+/// The memo a record or list runs in, from the memo that owns it: a split
+/// view attached to it when that view has the focus or a selection, else
+/// the owner itself.
+TOrlCustomMemo& RunningMemo(TOrlCustomMemo& master);
 
 /// Records whose edit is defined by a selection.
 class TSelUndo : public TUndo {

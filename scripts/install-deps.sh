@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake pkg-config ccache
-  libicu-dev libpcre2-dev
+  libicu-dev libpcre2-dev zlib1g-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libgl-dev
   # Qt's own texts (dialog buttons, file dialogs) in the user's language.

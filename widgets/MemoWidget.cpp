@@ -7,6 +7,8 @@
 #include <QFontMetrics>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -233,6 +235,28 @@ int TOrlMemoWidget::DoubleClickTime() const { return QGuiApplication::styleHints
 
 std::u16string TOrlMemoWidget::ClipboardText() const { return QGuiApplication::clipboard()->text().toStdU16String(); }
 void TOrlMemoWidget::SetClipboardText(std::u16string_view text) { QGuiApplication::clipboard()->setText(ToQString(text)); }
+
+bool TOrlMemoWidget::ReadClipboard(TMemoClipboard& data) {
+  data = {};
+  const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+  if (!mime) return true;
+  data.Text = mime->text().toStdU16String();
+  data.bWholeLine = mime->hasFormat(kWholeLineMimeType);
+  if (mime->hasHtml()) data.Html = mime->html().toStdU16String();
+  return true;
+}
+
+bool TOrlMemoWidget::WriteClipboard(const TMemoClipboard& data) {
+  auto* mime = new QMimeData;
+  mime->setText(ToQString(data.Text));
+  if (data.bWholeLine) mime->setData(kWholeLineMimeType, QByteArray("1"));
+  QGuiApplication::clipboard()->setMimeData(mime);  // the clipboard owns it
+  return true;
+}
+
+void TOrlMemoWidget::ShowMessage(std::u16string_view text) {
+  QMessageBox::warning(this, QApplication::applicationName(), ToQString(text));
+}
 
 TTextMetrics TOrlMemoWidget::GetTextMetrics(const TMemoFont& font) {
   const QFont f = ToQFont(font);

@@ -54,6 +54,14 @@ public:
   int64_t TickCount() const override { return FClock.elapsed(); }
   std::u16string ClipboardText() const override;
   void SetClipboardText(std::u16string_view text) override;
+  /// The clipboard's text, our whole-line mark and text/html. Qt opens the
+  /// clipboard itself, so an access never fails here.
+  bool ReadClipboard(TMemoClipboard& data) override;
+  bool WriteClipboard(const TMemoClipboard& data) override;
+  void ShowMessage(std::u16string_view text) override;
+  /// The private type that marks copied text as a whole line; other
+  /// programs see the text alone.
+  static constexpr const char* kWholeLineMimeType = "application/x-grammardesk-whole-line";
   TTextMetrics GetTextMetrics(const TMemoFont& font) override;
   int TextExtent(const TMemoFont& font, std::u16string_view text) override;
   int CharTrailingX(const TMemoFont& font, std::u16string_view text, int index, int tabWidth) override;

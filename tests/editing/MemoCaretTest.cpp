@@ -73,7 +73,8 @@ TEST_F(MemoCaret, OneKeyReachesItsCommandOnceAndAltGrTypes) {
   memo.Hooks.InsertChar = [&](char16_t ch) { typed.push_back(ch); };
   memo.Hooks.InsertTab = [&] { ++tabs; };
   memo.Hooks.EnterPress = [&] { ++enters; };
-  memo.Hooks.PasteFromClipboard = [&] { ++pastes; };
+  memo.Hooks.PasteText = [&](std::u16string&, bool) { ++pastes; };
+  window.SetClipboardText(u"x");
   memo.Hooks.RecordMacro = [&](int code, int) { selectAll += code == 63; };
   memo.FProcessShortcuts = true;
   Press(vkTab, 0, u'\t');

@@ -7,8 +7,10 @@
 #include <QEventLoop>
 #include <QImage>
 #include <QInputMethodEvent>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QWheelEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -113,7 +115,8 @@ TEST(MemoWidget, KeysActOnceAndAltGrAndTheInputMethodType) {
   int tabs = 0, pastes = 0;
   memo.Hooks.InsertChar = [&](char16_t ch) { typed.push_back(ch); };
   memo.Hooks.InsertTab = [&] { ++tabs; };
-  memo.Hooks.PasteFromClipboard = [&] { ++pastes; };
+  memo.Hooks.PasteText = [&](std::u16string&, bool) { ++pastes; };
+  widget.SetClipboardText(u"x");
   memo.FProcessShortcuts = true;
   SendKey(widget, Qt::Key_Down, Qt::NoModifier);
   SendKey(widget, Qt::Key_Right, Qt::ShiftModifier);
@@ -154,6 +157,39 @@ TEST(MemoWidget, DoubleClickSelectsAWordAndTheWheelScrollsBySystemLines) {
   QApplication::sendEvent(&widget, &wheel);
   EXPECT_EQ(memo.TopLine(), QApplication::wheelScrollLines());
   EXPECT_EQ(memo.CurY(), 0);  // the wheel moves the view, not the caret
+}
+
+TEST(MemoWidget, CopyGivesCleanTextAndMarksAWholeLineInItsOwnType) {
+  TOrlMemoWidget widget;
+  TOrlMemo& memo = widget.Memo();
+  memo.SetText(u"one\r\ntwo");
+  memo.FCopyLineToClipboard = true;
+  memo.SetCursor(1, 1, false);
+  memo.CopyToClipboard();
+  const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+  ASSERT_NE(mime, nullptr);
+  EXPECT_EQ(mime->text(), QString("two\r\n"));
+  EXPECT_TRUE(mime->hasFormat(TOrlMemoWidget::kWholeLineMimeType));
+  std::u16string pasted;
+  bool bAtLineStart = false;
+  memo.Hooks.PasteText = [&](std::u16string& text, bool bInsertAtBOL) {
+    pasted = text;
+    bAtLineStart = bInsertAtBOL;
+  };
+  memo.PasteFromClipboard(false);
+  EXPECT_EQ(pasted, u"two\r\n");
+  EXPECT_TRUE(bAtLineStart);
+
+  // A selection is plain text; HTML that another program copied is read too.
+  memo.SetSelection2(0, 0, 2, 0, false);
+  memo.CopyToClipboard();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QString("on"));
+  EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasFormat(TOrlMemoWidget::kWholeLineMimeType));
+  auto* html = new QMimeData;
+  html->setHtml("<html><body><!--StartFragment--><em>e</em><!--EndFragment--></body></html>");
+  QGuiApplication::clipboard()->setMimeData(html);
+  memo.PasteFromClipboardHTML();
+  EXPECT_EQ(pasted, u"<em>e</em>");
 }
 
 } // namespace

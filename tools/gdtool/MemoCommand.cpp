@@ -46,6 +46,11 @@ const char* const kMemoHelp =
     "  wheel N                    turn the wheel N notches (above 0: up), 3 lines each\n"
     "  tick MS                    advance the clock: timers and double-click time\n"
     "  set NAME=VALUE             set a property (print options lists them)\n"
+    "  undo, redo                 one step of the undo history back or on\n"
+    "  saved                      the text counts as saved, as after a save\n"
+    "  clip set \"...\" [line]      put text on the clipboard; line marks it as a\n"
+    "                             whole line, as a copy with no selection does\n"
+    "  clip print                 print the clipboard: clip \"...\" [line]\n"
     "  print state|text|rows|options\n"
     "print state writes one JSON object on one line:\n"
     "  {\"caret\":[CurX,CurY],\"sel\":[SelStartX,SelStartY,SelEndX,SelEndY],\"top\":TopLine,\n"
@@ -170,6 +175,7 @@ private:
   TPoint CellToPixel(int col, int row);
   void Click(TPoint p, TShiftState shift);
   void Print(const std::string& what);
+  void Clip(const std::vector<TScriptWord>& words);
 
   THeadlessWindow& FWindow;
   TOrlMemo& FMemo;
@@ -233,6 +239,15 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     std::string error;
     if (eq == std::string::npos) throw EScriptError("usage: set NAME=VALUE");
     if (!SetMemoProperty(FMemo, assignment.substr(0, eq), assignment.substr(eq + 1), error)) throw EScriptError(error);
+  } else if (command == "undo" || command == "redo") {
+    Need(words, 1, command.c_str());
+    if (command == "undo") FMemo.Undo();
+    else FMemo.Redo();
+  } else if (command == "saved") {
+    Need(words, 1, "saved");
+    FMemo.Saved();
+  } else if (command == "clip") {
+    Clip(words);
   } else if (command == "print") {
     Need(words, 2, "print state|text|rows|options");
     Print(Out(words[1].Text));
@@ -309,6 +324,21 @@ void TMemoDriver::Mouse(const std::vector<TScriptWord>& words) {
   else if (action == "move") FMemo.MouseMove(shift, p.X, p.Y);
   else if (action == "up") FMemo.MouseUp(button, shift, p.X, p.Y);
   else throw EScriptError("mouse takes down, move or up");
+}
+
+void TMemoDriver::Clip(const std::vector<TScriptWord>& words) {
+  const std::string action = words.size() > 1 ? Out(words[1].Text) : "";
+  if (action == "print" && words.size() == 2) {
+    FPrinted = true;
+    FOut << "clip " << JsonText(FWindow.Clipboard.Text) << (FWindow.Clipboard.bWholeLine ? " line" : "") << "\n";
+    return;
+  }
+  const bool bLine = words.size() == 4 && Out(words[3].Text) == "line";
+  if (action != "set" || words.size() < 3 || !words[2].bQuoted || (words.size() == 4 && !bLine) || words.size() > 4)
+    throw EScriptError("usage: clip set \"...\" [line] | clip print");
+  FWindow.Clipboard = {};
+  FWindow.Clipboard.Text = words[2].Text;
+  FWindow.Clipboard.bWholeLine = bLine;
 }
 
 void TMemoDriver::PrintState() {
