@@ -45,6 +45,9 @@ enum TProgressStage : uint8_t { psStarting, psRunning, psEnding };
 enum TShiftStateFlag : uint8_t { ssShift = 1, ssAlt = 2, ssCtrl = 4 };
 using TShiftState = uint8_t;
 
+/// How the right margin is drawn.
+enum TMarginLineType : uint8_t { mNone, mDotted, mSolid, m3d };
+
 /// Selector of VisibleCellCount.
 enum TVisibleCount : uint8_t { vcPageWidth, vcPageHeight, vcLastVisiblePos, vcLastVisibleLine };
 
@@ -241,9 +244,17 @@ public:
   }
 
   // Redraw.
+  /// Asks for a repaint of the whole control, unless updates are off.
   void Invalidate();
+  /// After an edit of `line`: redraws the row alone when its end state stayed
+  /// the same, else invalidates from it to the bottom of the view.
   void InvalidateLine(int line);
+  /// Invalidates the rows of lines from..to; -1 or less stands for the top
+  /// line and the last visible line. Under wrap the range reaches the end of
+  /// the real line.
   virtual void InvalidateLines(int from, int to);
+  /// Draws the row of `line` now, through the window, without a paint.
+  void RedrawLine(int line);
 
   // Split views.
   void AssignSplitMemo(TOrlCustomMemo* ctrl, bool asSlave);
@@ -532,6 +543,7 @@ public:
   TColor FTagHighlightColor = RGB(0, 200, 255);
   TColor FSyncEditBkColor = 0xFFFCE0;
   TColor FRightMarginColor = 0xE2E2E2;
+  TMarginLineType FRightMarginLine = mSolid;
   TColor FHighlightFindColor = RGB(255, 120, 0), FHighlightFindTextColor = 0xFFFFFF;
   TColor FHighlightSelectionColor = RGB(80, 180, 80), FHighlightSelectionTextColor = 0xFFFFFF;
   TColor FHighlightWordsColor = 0x0000FF, FHighlightWordsTextColor = 0x00FFFF;

@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "Console.h"
+#include "MemoPaintPrint.h"
 #include "MemoScript.h"
 #include "editing/HeadlessWindow.h"
 #include "editing/MemoProperties.h"
@@ -26,7 +27,7 @@ namespace gdtool {
 
 const char* const kMemoHelp =
     "usage: gdtool memo [FILE] [--syntax DEF.gdx] [--size COLSxROWS] [--set NAME=VALUE]...\n"
-    "                   [--script FILE|-]\n"
+    "                   [--script FILE|-] [--trace invalidate]\n"
     "\n"
     "Runs the editor engine's memo without a display over FILE's text (UTF-8 with or\n"
     "without mark, or UTF-16 with mark), with the style set of DEF.gdx, in a text\n"
@@ -48,6 +49,12 @@ const char* const kMemoHelp =
     "  tick MS                    advance the clock: timers and double-click time\n"
     "  set NAME=VALUE             set a property (print options lists them)\n"
     "  print state|text|rows|options\n"
+    "  print paint [ROW-ROW]      paint the view; per screen row one JSON object with\n"
+    "                             its runs: {\"row\":R,\"line\":L,\"runs\":[{\"text\":...,\n"
+    "                             \"x\":PIXEL,\"fg\":\"#rrggbb\",\"bg\":\"#rrggbb\",\"style\":\"biu\"}]}\n"
+    "--trace invalidate prints after each command what it invalidated: 'trace\n"
+    "invalidate all', 'trace invalidate rows A-B [l,t,r,b]' and, for a row drawn\n"
+    "at once, 'trace redraw rows A-B [l,t,r,b]' (screen rows, client pixels).\n"
     "print state writes one JSON object on one line:\n"
     "  {\"caret\":[CurX,CurY],\"sel\":[SelStartX,SelStartY,SelEndX,SelEndY],\"top\":TopLine,\n"
     "   \"left\":LeftCol,\"rows\":RowCount,\"modified\":false,\"overwrite\":false,\"text\":\"...\"}\n"
@@ -67,6 +74,7 @@ struct TMemoArgs {
   std::optional<std::filesystem::path> File, Syntax, Script;
   int Cols = 80, Rows = 25;
   std::vector<std::string> Sets;
+  bool bTraceInvalidate = false;
 };
 
 bool ParseSize(const std::string& text, int& cols, int& rows) {
@@ -88,6 +96,7 @@ bool ParseArgs(const std::vector<std::string>& args, TMemoArgs& parsed) {
     if (a == "--syntax" && bHasValue) parsed.Syntax = args[++i];
     else if (a == "--script" && bHasValue) parsed.Script = args[++i];
     else if (a == "--set" && bHasValue) parsed.Sets.push_back(args[++i]);
+    else if (a == "--trace" && bHasValue && args[i + 1] == "invalidate") parsed.bTraceInvalidate = ++i > 0;
     else if (a == "--size" && bHasValue) {
       if (!ParseSize(args[++i], parsed.Cols, parsed.Rows)) return false;
     } else if (!a.starts_with("--") && !parsed.File) parsed.File = a;
@@ -171,6 +180,7 @@ private:
   TPoint CellToPixel(int col, int row);
   void Click(TPoint p, TShiftState shift);
   void Print(const std::string& what);
+  void PaintRows(const std::vector<TScriptWord>& words);
 
   THeadlessWindow& FWindow;
   TOrlMemo& FMemo;
@@ -234,6 +244,8 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     std::string error;
     if (eq == std::string::npos) throw EScriptError("usage: set NAME=VALUE");
     if (!SetMemoProperty(FMemo, assignment.substr(0, eq), assignment.substr(eq + 1), error)) throw EScriptError(error);
+  } else if (command == "print" && words.size() >= 2 && Out(words[1].Text) == "paint") {
+    PaintRows(words);
   } else if (command == "print") {
     Need(words, 2, "print state|text|rows|options");
     Print(Out(words[1].Text));
@@ -342,6 +354,21 @@ void TMemoDriver::Print(const std::string& what) {
   }
 }
 
+void TMemoDriver::PaintRows(const std::vector<TScriptWord>& words) {
+  if (words.size() > 3) throw EScriptError("usage: print paint [ROW-ROW]");
+  int first = 0, last = -1;
+  if (words.size() == 3) {
+    const std::string range = Out(words[2].Text);
+    const size_t dash = range.find('-');
+    if (dash == std::string::npos) throw EScriptError("print paint takes a range ROW-ROW");
+    first = Int({Utf8ToUtf16(range.substr(0, dash)), false});
+    last = Int({Utf8ToUtf16(range.substr(dash + 1)), false});
+    if (first < 0 || last < first) throw EScriptError("print paint takes rows from 0, the first not above the last");
+  }
+  FPrinted = true;
+  PrintPaint(FMemo, FOut, first, last);
+}
+
 /// The script's lines: from a file, from standard input, or none.
 bool ReadScript(const TMemoArgs& args, std::string& script, std::ostream& err) {
   if (!args.Script) return true;
@@ -405,9 +432,14 @@ int RunMemo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
   }
   std::istringstream lines(script);
   std::string line;
+  // The trace starts with the script: what setting up the memo invalidated is not shown.
+  window.Invalidated.clear();
+  window.InvalidatedAll = 0;
+  window.Redrawn.clear();
   for (int number = 1; std::getline(lines, line); ++number) {
     try {
       driver.Run(SplitScriptLine(line));
+      if (parsed.bTraceInvalidate) PrintInvalidations(memo, window, out);
     } catch (const EScriptError& e) {
       err << "gdtool memo: line " << number << ": " << e.what() << "\n";
       return exUnusable;

@@ -1,0 +1,125 @@
+#pragma once
+// The memo's painter: what one paint draws and in which order. It reads the
+// memo (rows, line states, caret, selection, colours) and draws through an
+// IMemoCanvas; the canvas keeps its pixels between paints, so a scroll moves
+// them and a redrawn row replaces only its own.
+//
+// Coordinates are the memo's client pixels. Rows are drawn from the state
+// the tokeniser stored for the row above; every state the painter computes
+// is stored back, so a paint rescans only what an edit invalidated.
+
+#include <string>
+
+#include "editing/OrlMemo.h"
+#include "syntax/TokenRun.h"
+#include "view/MemoCanvas.h"
+
+namespace orl {
+
+/// What one row is being drawn with, for the decorations.
+struct TRowPaint {
+  int Line = -1;
+  TRect Rect;                 ///< the row's rectangle
+  int TextLeft = 0;           ///< x of the row's first character, scroll included
+  int TextRight = 0;          ///< x behind its last character
+  TColor Background = 0;      ///< the row's base background
+  int SelStart = 0, SelEnd = 0;  ///< selected characters [SelStart, SelEnd), 0-based
+  bool bHidden = false;
+  bool bContinuation = false;
+};
+
+/// The decorations of parts drawn elsewhere: folds, braces, spelling, find
+/// marks, diff rows, extra carets, gutter, map and hex view. Each default
+/// draws nothing and changes nothing.
+class IRowDecorations {
+public:
+  virtual ~IRowDecorations() = default;
+  /// 1, 2 or 3 for a row of text-diff mode, 0 otherwise; bFiller for a row without text.
+  virtual int DiffRowKind(int line, bool& bFiller) { (void)line; bFiller = false; return 0; }
+  virtual bool InSyncBlock(int line) { (void)line; return false; }
+  /// True when the hex view painted the whole control.
+  virtual bool HexPaint(IMemoCanvas&) { return false; }
+  virtual void Gutter(IMemoCanvas&, const TRect& clip) { (void)clip; }
+  virtual void DocumentMap(IMemoCanvas&, bool bScrolling) { (void)bScrolling; }
+  // The row's decorations, called in this order after the right margin.
+  virtual void FoldMarker(IMemoCanvas&, const TRowPaint&) {}
+  virtual void IndentGuides(IMemoCanvas&, const TRowPaint&) {}
+  virtual void SpellingMarks(IMemoCanvas&, const TRowPaint&) {}
+  /// Smart highlight, highlighted words, find marks, highlighted selections and expressions.
+  virtual void Highlights(IMemoCanvas&, const TRowPaint&) {}
+  virtual void ColorValueUnderlines(IMemoCanvas&, const TRowPaint&) {}
+  virtual void ClipTabStops(IMemoCanvas&, const TRowPaint&) {}
+  virtual void ExtraCaretSelections(IMemoCanvas&, const TRowPaint&) {}
+};
+
+class TMemoPainter {
+public:
+  /// `decorations` may be null: no decorations beyond the painter's own.
+  explicit TMemoPainter(TOrlCustomMemo& memo, IRowDecorations* decorations = nullptr);
+
+  /// One paint of the client rectangle `clip` (empty: the whole client).
+  void Paint(IMemoCanvas& canvas, TRect clip);
+  /// Draws line `line` where it stands in the view: a redraw without a paint.
+  /// Returns its rectangle, empty when the line is not shown.
+  TRect PaintLine(IMemoCanvas& canvas, int line);
+  /// The rectangle of the row that shows `line`; empty above or below the view.
+  TRect RowRect(int line);
+
+private:
+  struct TRunColours {
+    TColor Fg = 0, Bg = 0;
+    TFontStyles Style = 0;
+  };
+
+  // The paint.
+  bool ScrollShortcut(IMemoCanvas& canvas, const TRect& area, TRect& clip);
+  void PaintRows(IMemoCanvas& canvas, const TRect& area, const TRect& clip);
+  /// A row below the text: background and the margin line through it.
+  void FillBeyondText(IMemoCanvas& canvas, int line, const TRect& rect);
+  void AdjustHorizontalBar();
+
+  // One row.
+  void PaintRow(IMemoCanvas& canvas, int line, const TRect& rect, const TStyle& start);
+  /// The state at the end of `line` from `state` at its start, stored for the next paint.
+  void AdvanceState(int line, TStyle& state);
+  TColor RowBackground(int line) const;
+  void RowSelection(int line, int length, TRowPaint& row);
+  void EndOfRowSelection(IMemoCanvas& canvas, int line, int& x);
+  void CurrentLineBorder(IMemoCanvas& canvas, const TRowPaint& row);
+  void RightMargin(IMemoCanvas& canvas, const TRowPaint& row);
+  void Decorations(IMemoCanvas& canvas, const TRowPaint& row);
+
+  // Runs.
+  /// Cuts a run at tabs (shown tabs) and into pieces of at most 1024 characters.
+  void OutputRun(IMemoCanvas& canvas, const TTokenRun& run);
+  void OutputPiece(IMemoCanvas& canvas, const TTokenRun& run, int start, int length);
+  TRunColours RunColours(const TTokenRun& run, int start) const;
+  /// Draws characters [start, start + length) of the row; returns the advance.
+  int OutputText(IMemoCanvas& canvas, int start, int length, const TRunColours& colours, bool bSelected);
+  /// The text output of characters [start, start + length) at the pen.
+  TTextOut TextOutAt(int start, int length, const TRunColours& colours, bool bSelected) const;
+  int OutputComplex(IMemoCanvas& canvas, int start, int length, const TRunColours& colours);
+  int TabMark(IMemoCanvas& canvas, int start, const TRunColours& colours, bool bSelected);
+  /// Pixel width of characters [start, start + length) on the cell grid, tabs expanded.
+  int GridWidth(int start, int length) const;
+  TRgb Rgb(TColor c) const { return ColorToRgb(c, FCanvasPalette ? *FCanvasPalette : TSystemPalette::Default()); }
+  TColor SelFg() const;
+  TColor SelBg() const;
+
+  TOrlCustomMemo& M;
+  IRowDecorations FNoDecorations;
+  IRowDecorations& FDeco;
+  TTokenRunList FRuns;
+  const TSystemPalette* FCanvasPalette = nullptr;
+
+  // The row being drawn.
+  TRowPaint FRow;
+  std::u16string FVisual;     ///< the row as shown: control characters substituted, tabs kept
+  int FVisualLength = 0;
+  int FPen = 0;               ///< pen x
+  int FTabOrigin = 0;
+  bool FScrolledDown = false;  ///< this paint follows a downward scroll blit
+  int FSizedForWidth = 0;      ///< the widest row the horizontal bar was last sized for
+};
+
+} // namespace orl

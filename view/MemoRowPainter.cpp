@@ -1,0 +1,150 @@
+// One row on screen: its background, its text run by run, and what is drawn
+// over it, in the order the row's steps give.
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+
+#include "view/MemoPainter.h"
+
+namespace orl {
+
+namespace {
+
+constexpr TColor kBorderGrey = 0x808080;
+/// The system's button shadow colour: the line under a closed fold head.
+constexpr TColor kClosedFoldLine = TColor(0xFF000010u);
+/// Text-diff row colours by kind (red, green, blue), mixed 30 percent into the background.
+constexpr TColor kDiffColours[] = {TOrlCustomMemo::RGB(177, 177, 255), TOrlCustomMemo::RGB(255, 177, 177),
+                                   TOrlCustomMemo::RGB(177, 255, 177)};
+constexpr int kDiffPercent = 30;
+
+} // namespace
+
+TColor TMemoPainter::SelFg() const { return M.FStyles ? M.FStyles->FSelColor : M.FSelColor; }
+TColor TMemoPainter::SelBg() const { return M.FStyles ? M.FStyles->FSelBkColor : M.FSelBkColor; }
+
+TColor TMemoPainter::RowBackground(int line) const {
+  const TOrlCustomMemoStyles* S = M.FStyles;
+  const bool bSync = M.FSyncEdit && FDeco.InSyncBlock(line);
+  if (M.FHighlightLine && line == M.FCurY && !bSync)
+    return S && S->FLineHighlightColor != clNoColor ? S->FLineHighlightColor : M.FLineHighlightColor;
+  if (bSync) return S && S->FSyncEditBkColor != clNoColor ? S->FSyncEditBkColor : M.FSyncEditBkColor;
+  return S ? S->FBkColor : M.FBkColor;
+}
+
+void TMemoPainter::RowSelection(int line, int length, TRowPaint& row) {
+  row.SelStart = row.SelEnd = 0;
+  if (!M.HasSelection()) return;
+  const TOrderedSelection sel = M.GetSelection();
+  if (line < sel.StartY || line > sel.EndY) return;
+  if (M.FColumnMode) {
+    row.SelStart = M.ToRealCursorPos(line, sel.StartX);
+    row.SelEnd = M.ToRealCursorPos(line, sel.EndX);
+  } else {
+    row.SelStart = line == sel.StartY ? sel.StartX : 0;
+    // Through the line end: the shown line-end mark is selected too.
+    row.SelEnd = line == sel.EndY ? sel.EndX : INT_MAX;
+  }
+  row.SelStart = std::min(row.SelStart, length);
+}
+
+void TMemoPainter::PaintRow(IMemoCanvas& canvas, int line, const TRect& rect, const TStyle& start) {
+  canvas.BeginRow(line, rect);
+  TOrlMemoStrings& lines = M.InternalLines();
+  const TCellSize cell = M.CellSize();
+  FRow = {};
+  FRow.Line = line;
+  FRow.Rect = rect;
+  FRow.bContinuation = lines.IsLineWrapped(line);
+  FRow.Background = RowBackground(line);
+  bool bFiller = false;
+  const int diffKind = FDeco.DiffRowKind(line, bFiller);
+  if (diffKind >= 1 && diffKind <= 3 && !bFiller)
+    FRow.Background = Blend(kDiffColours[diffKind - 1], FRow.Background, kDiffPercent);
+  canvas.FillRect(rect, Rgb(FRow.Background));
+  if (bFiller) canvas.Hatch(rect, Rgb(kDiffColours[diffKind - 1]));
+
+  const TRect textArea = M.EditorRect(true, line);  // shifted by the indent of a continuation row
+  FTabOrigin = textArea.Left - M.FLeftCol * cell.W;
+  FPen = FRow.TextLeft = FTabOrigin;
+  const std::u16string_view text = lines.GetLineString(line);
+  FVisualLength = lines.GetVisualBuffer(FVisual, line, M.FShowTabs, M.FShowCRLF, false, false, true);
+  RowSelection(line, FVisualLength, FRow);
+  if (!bFiller) {
+    FRuns.Clear();
+    if (!text.empty()) M.Tokeniser().DrawSegments(text, start, FRuns);
+    for (const TTokenRun& run : FRuns.Runs) OutputRun(canvas, run);
+    if (FVisualLength > int(text.size())) {
+      TTokenRun mark;
+      mark.Start = int(text.size()) + 1;
+      mark.Length = FVisualLength - int(text.size());
+      mark.BlockId = -3;  // the line-end mark: control-character colours
+      OutputRun(canvas, mark);
+    }
+  }
+  FRow.TextRight = FPen;
+  M.FMaxTextWidth = std::max(M.FMaxTextWidth, FPen - FTabOrigin);
+
+  if (M.BSelLine == line) {
+    const TRgb c = Rgb(M.FBlockLineColor);
+    for (const int col : {M.BSelStart, M.BSelStart + M.BSelLen}) {
+      const int x = FTabOrigin + col * cell.W;
+      canvas.Line({x, rect.Top}, {x, rect.Bottom}, c, 1);
+    }
+  }
+  EndOfRowSelection(canvas, line, FPen);
+  if (M.FColumnMode && FRow.SelEnd > FVisualLength) {
+    const TOrderedSelection sel = M.GetSelection();
+    const int right = FTabOrigin + sel.EndX * cell.W;
+    canvas.FillRect({std::max(FPen, FTabOrigin + sel.StartX * cell.W), rect.Top, right, rect.Bottom}, Rgb(SelBg()));
+  }
+  CurrentLineBorder(canvas, FRow);
+  Decorations(canvas, FRow);
+  if (lines.ReadLineAttribute(line).NodeClosed())
+    canvas.Line({rect.Left, rect.Bottom - 1}, {rect.Right, rect.Bottom - 1}, Rgb(kClosedFoldLine), 1);
+  FDeco.ExtraCaretSelections(canvas, FRow);
+}
+
+void TMemoPainter::EndOfRowSelection(IMemoCanvas& canvas, int line, int& x) {
+  if (M.FColumnMode || M.FShowCRLF || FRow.SelEnd != INT_MAX) return;
+  TOrlMemoStrings& lines = M.InternalLines();
+  if (line + 1 < lines.Count() && lines.IsLineWrapped(line + 1)) return;
+  const int W = M.CellSize().W;
+  const int left = x - FRow.Rect.Left <= 2 ? FRow.Rect.Left + (M.FMonospacedFont ? 0 : 1) : x;
+  canvas.FillRect({left, FRow.Rect.Top, left + W, FRow.Rect.Bottom}, Rgb(SelBg()));
+  x = left + W;
+}
+
+void TMemoPainter::CurrentLineBorder(IMemoCanvas& canvas, const TRowPaint& row) {
+  if (!M.FHighlightLineBorder || row.Line != M.FCurY || M.FSyncEdit || M.HasSelection()) return;
+  const TRgb c = Rgb(kBorderGrey);
+  const int left = std::max(row.TextLeft, row.Rect.Left);
+  canvas.Line({left, row.Rect.Top}, {row.Rect.Right, row.Rect.Top}, c, 1);
+  canvas.Line({left, row.Rect.Bottom - 1}, {row.Rect.Right, row.Rect.Bottom - 1}, c, 1);
+}
+
+void TMemoPainter::RightMargin(IMemoCanvas& canvas, const TRowPaint& row) {
+  if (M.FRightMargin <= 0 || M.FRightMarginLine == mNone) return;
+  const TRect area = M.EditorRect(true, -1);
+  const int x = area.Left + (M.FRightMargin - M.FLeftCol) * M.CellSize().W - 1;
+  if (x < row.Rect.Left || x >= row.Rect.Right) return;
+  const int width = std::max(int(std::nearbyint(M.FCurrentDPI / 96.0)), 1);
+  const TOrlCustomMemoStyles* S = M.FStyles;
+  // The line covers only what still shows a background, never a glyph.
+  const TRgb under[] = {Rgb(row.Background), Rgb(RowBackground(M.FCurY)), Rgb(S ? S->FTextColorBK : M.FBkColor)};
+  canvas.MarginLine(x, row.Rect, Rgb(M.FRightMarginColor), width, TMarginLineType(M.FRightMarginLine),
+                    std::max(row.Line, 0) & 1, under);
+}
+
+void TMemoPainter::Decorations(IMemoCanvas& canvas, const TRowPaint& row) {
+  RightMargin(canvas, row);
+  FDeco.FoldMarker(canvas, row);
+  if (!row.bContinuation) FDeco.IndentGuides(canvas, row);
+  FDeco.SpellingMarks(canvas, row);
+  FDeco.Highlights(canvas, row);
+  FDeco.ColorValueUnderlines(canvas, row);
+  FDeco.ClipTabStops(canvas, row);
+}
+
+} // namespace orl
