@@ -1,6 +1,5 @@
 #include "view/MemoColors.h"
 
-#include <cmath>
 #include <cstdio>
 
 namespace orl {
@@ -52,7 +51,11 @@ TRgb ColorToRgb(TColor c, const TSystemPalette& palette) {
 
 TColor Blend(TColor a, TColor b, int percent) {
   const TRgb ca = ColorToRgb(a), cb = ColorToRgb(b);
-  const int f = int(std::nearbyint(percent * 2.55));
+  // percent * 2.55 rounded half to even, in integers: 2.55 has no exact binary form.
+  const int scaled = percent * 255;
+  int f = scaled / 100;
+  const int rest = scaled % 100;
+  if (rest > 50 || (rest == 50 && (f & 1))) ++f;
   const auto channel = [f](int x, int y) { return uint8_t(((f * (x - y)) >> 8) + y); };
   return RgbToColor({channel(ca.R, cb.R), channel(ca.G, cb.G), channel(ca.B, cb.B)});
 }

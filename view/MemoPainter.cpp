@@ -73,6 +73,7 @@ void TMemoPainter::PaintRows(IMemoCanvas& canvas, const TRect& area, const TRect
       continue;
     }
     PaintRow(canvas, line, rect, state);
+    AdvanceState(line, state);
     const int next = M.GetNextVisibleLine(line, line + 1);
     if (next <= line) {
       bPastEnd = true;
@@ -82,6 +83,16 @@ void TMemoPainter::PaintRows(IMemoCanvas& canvas, const TRect& area, const TRect
     if (next != line + 1) state = M.GetUpStyle(next - 1, false);
     line = next;
   }
+}
+
+void TMemoPainter::AdvanceState(int line, TStyle& state) {
+  if (M.InternalLines().LineStyleValid(line) && !M.FUpdate) {
+    bool bCached = false;
+    state = M.GetLineStyle(line, bCached);
+    return;
+  }
+  M.GetUpLineStyle(line, 0, -1, state, false);
+  M.SetLineStyle(line, state);
 }
 
 void TMemoPainter::FillBeyondText(IMemoCanvas& canvas, int line, const TRect& rect) {

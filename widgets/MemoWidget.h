@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "editing/OrlMemo.h"
+#include "view/MemoPainter.h"
 
 class QScrollBar;
 class QTimer;
@@ -36,6 +37,7 @@ public:
   int SystemMajorVersion() const override { return 10; }
   void Invalidate(const TRect& r) override;
   void InvalidateAll() override { update(); }
+  void RedrawRect(const TRect& r) override;
   void SetScrollInfo(TScrollBarKind bar, const TScrollInfo& info) override;
   void ShowScrollBar(TScrollBarKind bar, bool bVisible) override;
   bool ScrollBarVisible(TScrollBarKind bar) const override;
@@ -81,6 +83,9 @@ private:
   void HorizontalScrolled(int value);
   /// Restarts the blink with the caret shown, as after every move.
   void RestartBlink();
+  /// Sizes the back buffer to the widget in device pixels; true when it was
+  /// (re)made and holds nothing yet.
+  bool EnsureBuffer();
 
   IMemoWindowClient* FClient = nullptr;
   QScrollBar* FVertBar;
@@ -94,7 +99,11 @@ private:
   QTimer* FBlink;
   QElapsedTimer FClock;
   QPoint FWheelRest;  // eighths of a degree not yet turned into notches
-  std::unique_ptr<TOrlMemo> FMemo;  // last: built once the window parts exist
+  QImage FBuffer;  // the back buffer: what the memo drew, kept between paints
+  bool FBufferValid = false;
+  QRect FJustDrawn;  // drawn into the buffer by RedrawRect, waiting to be shown
+  std::unique_ptr<TOrlMemo> FMemo;  // built once the window parts exist
+  std::unique_ptr<TMemoPainter> FPainter;
 };
 
 } // namespace orl

@@ -49,6 +49,7 @@ const char* const kMemoHelp =
     "  tick MS                    advance the clock: timers and double-click time\n"
     "  set NAME=VALUE             set a property (print options lists them)\n"
     "  print state|text|rows|options\n"
+    "  setline ROW \"...\"         replace one row's text as an edit of it\n"
     "  print paint [ROW-ROW]      paint the view; per screen row one JSON object with\n"
     "                             its runs: {\"row\":R,\"line\":L,\"runs\":[{\"text\":...,\n"
     "                             \"x\":PIXEL,\"fg\":\"#rrggbb\",\"bg\":\"#rrggbb\",\"style\":\"biu\"}]}\n"
@@ -244,6 +245,9 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     std::string error;
     if (eq == std::string::npos) throw EScriptError("usage: set NAME=VALUE");
     if (!SetMemoProperty(FMemo, assignment.substr(0, eq), assignment.substr(eq + 1), error)) throw EScriptError(error);
+  } else if (command == "setline") {
+    Need(words, 3, "setline ROW \"...\"");
+    FMemo.SetLineText(Int(words[1]), words[2].Text);
   } else if (command == "print" && words.size() >= 2 && Out(words[1].Text) == "paint") {
     PaintRows(words);
   } else if (command == "print") {
