@@ -1,6 +1,7 @@
 // Every memo script in tests/data/memo runs through gdtool memo and must
 // print exactly its .out file: the output, then "[exit N]". A script's first
-// line may give the command's arguments as "#args: ...".
+// line may give the command's arguments as "#args: ..."; "{host}" in them
+// stands for the staged host folder, where the bundled definitions are.
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,8 @@ std::string RunScript(const fs::path& script) {
   std::string args;
   const std::string text = ReadAll(script);
   if (text.starts_with("#args:")) args = text.substr(6, text.find('\n') - 6);
+  for (size_t at = args.find("{host}"); at != std::string::npos; at = args.find("{host}"))
+    args.replace(at, 6, "'" + std::string(HOST_DIR) + "'");
   const std::string command =
       "'" + std::string(GDTOOL_PATH) + "' memo" + args + " --script '" + script.string() + "' 2>&1";
   FILE* pipe = ::popen(command.c_str(), "r");
