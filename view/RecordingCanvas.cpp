@@ -36,11 +36,15 @@ int TRecordingCanvas::TextOut(const TTextOut& t) {
   return width;
 }
 
-void TRecordingCanvas::Line(TPoint from, TPoint to, TRgb color, int width) {
-  TPaintItem& item = Add(TPaintKind::Line);
-  item.R = {from.X, from.Y, to.X, to.Y};
+void TRecordingCanvas::AddStroke(TPaintKind kind, const TRect& span, TRgb color, int width) {
+  TPaintItem& item = Add(kind);
+  item.R = span;
   item.Fg = color;
   item.Width = width;
+}
+
+void TRecordingCanvas::Line(TPoint from, TPoint to, TRgb color, int width) {
+  AddStroke(TPaintKind::Line, {from.X, from.Y, to.X, to.Y}, color, width);
 }
 
 void TRecordingCanvas::Hatch(const TRect& r, TRgb color) {
@@ -50,18 +54,12 @@ void TRecordingCanvas::Hatch(const TRect& r, TRgb color) {
 }
 
 void TRecordingCanvas::ZigZag(int x1, int x2, int y, TRgb color, int width) {
-  TPaintItem& item = Add(TPaintKind::ZigZag);
-  item.R = {x1, y, x2, y};
-  item.Fg = color;
-  item.Width = width;
+  AddStroke(TPaintKind::ZigZag, {x1, y, x2, y}, color, width);
 }
 
 void TRecordingCanvas::MarginLine(int x, const TRect& row, TRgb color, int width, TMarginLineType, int,
                                   std::span<const TRgb>) {
-  TPaintItem& item = Add(TPaintKind::Margin);
-  item.R = {x, row.Top, x + width, row.Bottom};
-  item.Fg = color;
-  item.Width = width;
+  AddStroke(TPaintKind::Margin, {x, row.Top, x + width, row.Bottom}, color, width);
 }
 
 void TRecordingCanvas::ScrollRows(const TRect& area, int dy) {

@@ -50,6 +50,7 @@ public:
 
 private:
   TPaintItem& Add(TPaintKind kind);
+  void AddStroke(TPaintKind kind, const TRect& span, TRgb color, int width);
 
   IMemoWindow& FMeasurer;
   TMemoFont FFont;

@@ -38,15 +38,29 @@ TSystemPalette FromQPalette(const QPalette& p) {
 TQtMemoCanvas::TQtMemoCanvas(QImage& image, const QPalette& palette)
     : FImage(image), FPainter(&image), FRatio(image.devicePixelRatio()), FPalette(FromQPalette(palette)) {}
 
-void TQtMemoCanvas::SetFont(const TMemoFont& font) { FFont = TOrlMemoWidget::ToQFont(font); }
+void TQtMemoCanvas::SetFont(const TMemoFont& font) {
+  FFont = TOrlMemoWidget::ToQFont(font);
+  FStyled = {};
+  FMetrics = {};
+}
 
-QFont TQtMemoCanvas::StyledFont(TFontStyles style) const {
-  QFont f = FFont;
-  f.setBold(style & fsBold);
-  f.setItalic(style & fsItalic);
-  f.setUnderline(style & fsUnderline);
-  f.setStrikeOut(style & fsStrikeOut);
-  return f;
+const QFont& TQtMemoCanvas::StyledFont(TFontStyles style) {
+  std::optional<QFont>& slot = FStyled[style & 15];
+  if (!slot) {
+    QFont f = FFont;
+    f.setBold(style & fsBold);
+    f.setItalic(style & fsItalic);
+    f.setUnderline(style & fsUnderline);
+    f.setStrikeOut(style & fsStrikeOut);
+    slot = f;
+    FMetrics[style & 15].emplace(f);
+  }
+  return *slot;
+}
+
+const QFontMetrics& TQtMemoCanvas::Metrics(TFontStyles style) {
+  StyledFont(style);
+  return *FMetrics[style & 15];
 }
 
 void TQtMemoCanvas::BeginRow(int, const TRect& row) {
@@ -61,10 +75,10 @@ int TQtMemoCanvas::TextOut(const TTextOut& t) { return t.bComplex ? ComplexText(
 
 int TQtMemoCanvas::SimpleText(const TTextOut& t) {
   if (t.bOpaque) FillRect({t.X, t.Row.Top, t.X + t.Width, t.Row.Bottom}, t.Bg);
-  const QFont font = StyledFont(t.Style);
-  const QFontMetrics metrics(font);
-  FPainter.setFont(font);
+  const QFont& font = StyledFont(t.Style);
+  if (FPainter.font() != font) FPainter.setFont(font);
   FPainter.setPen(ToQColor(t.Fg));
+  const QFontMetrics& metrics = Metrics(t.Style);
   const int baseline = t.Top + metrics.ascent();
   int x = t.X;
   size_t from = 0;

@@ -4,9 +4,13 @@
 // the memo's logical pixels, scaled by the image's device pixel ratio.
 
 #include <QFont>
+#include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
 #include <QPalette>
+
+#include <array>
+#include <optional>
 
 #include "view/MemoCanvas.h"
 
@@ -32,7 +36,9 @@ public:
   static QColor ToQColor(TRgb c) { return QColor(c.R, c.G, c.B); }
 
 private:
-  QFont StyledFont(TFontStyles style) const;
+  /// The font of a run's style, made once per style and paint.
+  const QFont& StyledFont(TFontStyles style);
+  const QFontMetrics& Metrics(TFontStyles style);
   int SimpleText(const TTextOut& t);
   int ComplexText(const TTextOut& t);
   /// Device pixels of a logical extent.
@@ -42,6 +48,8 @@ private:
   QPainter FPainter;
   qreal FRatio;
   QFont FFont;
+  std::array<std::optional<QFont>, 16> FStyled;
+  std::array<std::optional<QFontMetrics>, 16> FMetrics;
   TSystemPalette FPalette;
 };
 
