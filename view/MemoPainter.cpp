@@ -29,9 +29,14 @@ void TMemoPainter::Paint(IMemoCanvas& canvas, TRect clip) {
   if (clip.Bottom > area.Top && clip.Top < area.Bottom) PaintRows(canvas, area, clip);
   if (M.FShowDocumentMap) FDeco.DocumentMap(canvas, bScrolled);
   M.FDocMapDrawType = dmrAllow;
+  // What lies left of and above the text (gutter and ruler bands, the margin
+  // strip) keeps the memo's background unless their painters draw there.
+  const TRgb background = Rgb(M.FBkColor);
+  canvas.BeginRow(-1, client);
+  canvas.FillRect({client.Left, std::max(clip.Top, area.Top), area.Left, std::min(clip.Bottom, area.Bottom + 1)},
+                  background);
+  canvas.FillRect({client.Left, clip.Top, client.Right, std::min(clip.Bottom, area.Top)}, background);
   FDeco.Gutter(canvas, clip);
-  // The margin strip left of the text keeps the memo's background.
-  canvas.FillRect({area.Left - M.FMargin, area.Top, area.Left, area.Bottom + 1}, Rgb(M.FBkColor));
   AdjustHorizontalBar();
   M.FPrevTopLine = M.FTopLine;
 }

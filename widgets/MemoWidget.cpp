@@ -261,7 +261,10 @@ bool TOrlMemoWidget::EnsureBuffer() {
   const qreal ratio = devicePixelRatioF();
   const QSize device = (QSizeF(size()) * ratio).toSize();
   if (FBuffer.size() == device && FBuffer.devicePixelRatio() == ratio && FBufferValid) return false;
-  if (FBuffer.size() != device) FBuffer = QImage(device, QImage::Format_RGB32);
+  if (FBuffer.size() != device) {
+    FBuffer = QImage(device, QImage::Format_RGB32);
+    FBuffer.fill(palette().color(QPalette::Base));
+  }
   FBuffer.setDevicePixelRatio(ratio);
   FBufferValid = true;
   return true;
