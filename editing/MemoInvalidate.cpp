@@ -58,9 +58,12 @@ void TOrlCustomMemo::InvalidateLine(int line) {
                         fresh.Properties.BracketId == old.Properties.BracketId && fresh.Block.Id == old.Block.Id;
   if (bSameEnd) {
     SetLineStyle(line, fresh);
+    const int width = TextLength(line, lines.GetLineLength(line), false, false);
     const bool bWiderThanPage = !FWindow->ScrollBarVisible(TScrollBarKind::sbHorizontal) && !WrapOn() &&
-                                TextLength(line, lines.GetLineLength(line), false, false) > VisiblePosCount() * FCellSize.W;
+                                width > VisiblePosCount() * FCellSize.W;
     if (bWiderThanPage) {
+      // The pixel measure only: the character count behind force wrap is the store's.
+      FMaxTextWidth = std::max(FMaxTextWidth, width);
       ResizeScrollBars(false, 0);
       Invalidate();
     } else {

@@ -14,6 +14,7 @@
 #include "syntax/OrlSyntax.h"
 #include "view/MemoColors.h"
 #include "widgets/MemoWidget.h"
+#include "widgets/QtMemoCanvas.h"
 
 namespace orl {
 namespace {
@@ -127,6 +128,34 @@ TEST_F(WidgetPaint, ComplexTextIsLaidOutWithTabStopsOnTheDocumentsGridAndSelects
   EXPECT_GE(glyphLeft, Cells(8, 0, 1).left());
   EXPECT_LT(glyphLeft, Cells(9, 0, 1).left());
   EXPECT_GT(CountPixels(image, Cells(1, 0, 3), Q(memo.FStyles->FSelBkColor)), 0);
+}
+
+TEST(QtMemoCanvas, TheBufferIsInDevicePixelsWhileTheMemoDrawsInLogicalOnes) {
+  QImage image(200, 200, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  image.setDevicePixelRatio(2);
+  const TRgb red{255, 0, 0}, grey{200, 200, 200};
+  {
+    TQtMemoCanvas canvas(image, QPalette());
+    canvas.FillRect({10, 10, 20, 15}, red);  // logical: device 20..40 by 20..30
+  }
+  EXPECT_EQ(image.pixelColor(20, 20), QColor(255, 0, 0));
+  EXPECT_EQ(image.pixelColor(39, 29), QColor(255, 0, 0));
+  EXPECT_EQ(image.pixelColor(40, 29), QColor(Qt::white));
+  {
+    // Up by 5 logical pixels, 10 device rows; the margin line two device pixels wide, over white only.
+    TQtMemoCanvas canvas(image, QPalette());
+    canvas.ScrollRows({0, 0, 100, 100}, -5);
+    const TRgb white{255, 255, 255};
+    canvas.MarginLine(15, {0, 0, 100, 10}, grey, 1, mSolid, 0, std::span(&white, 1));
+  }
+  EXPECT_EQ(image.pixelColor(20, 10), QColor(255, 0, 0));
+  EXPECT_EQ(image.pixelColor(39, 19), QColor(255, 0, 0));
+  EXPECT_EQ(image.pixelColor(39, 20), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(30, 5), QColor(200, 200, 200));   // the line over the background
+  EXPECT_EQ(image.pixelColor(31, 5), QColor(200, 200, 200));
+  EXPECT_EQ(image.pixelColor(30, 12), QColor(255, 0, 0));      // not over the red
+  EXPECT_EQ(image.pixelColor(32, 5), QColor(Qt::white));
 }
 
 } // namespace
