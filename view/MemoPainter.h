@@ -24,7 +24,6 @@ struct TRowPaint {
   int TextRight = 0;          ///< x behind its last character
   TColor Background = 0;      ///< the row's base background
   int SelStart = 0, SelEnd = 0;  ///< selected characters [SelStart, SelEnd), 0-based
-  bool bHidden = false;
   bool bContinuation = false;
 };
 

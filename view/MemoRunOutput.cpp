@@ -37,7 +37,7 @@ const auto* ItemAt(const TList& list, int index) {
 } // namespace
 
 void TMemoPainter::OutputRun(IMemoCanvas& canvas, const TTokenRun& run) {
-  if (M.FClosing || FRow.bHidden) return;
+  if (M.FClosing) return;
   const std::u16string_view text(FVisual.data(), size_t(FVisualLength));
   int start = run.Start - 1;
   const int end = std::min(start + run.Length, FVisualLength);
@@ -122,6 +122,13 @@ void TMemoPainter::OutputPiece(IMemoCanvas& canvas, const TTokenRun& run, int st
   if (M.FDisableBoldItalic) colours.Style &= TFontStyles(~(fsBold | fsItalic));
   const std::u16string_view piece(FVisual.data() + start, size_t(length));
   const bool bComplex = !M.FBinaryMode && (!M.FMonospacedFont || M.FUseRTL || !TOrlUniUtils::IsAnsi(piece, length));
+  // Beyond the row's right edge, or on the grid wholly left of it, a piece is
+  // only measured: a long row costs what shows of it.
+  const bool bBeyond = FPen >= FRow.Rect.Right;
+  if (bBeyond || (!bComplex && FPen + GridWidth(start, length) <= FRow.Rect.Left)) {
+    FPen += GridWidth(start, length);
+    return;
+  }
   if (bComplex) {
     FPen += OutputComplex(canvas, start, length, colours);
   } else if (M.FShowTabs && length == 1 && piece[0] == u'\t') {

@@ -65,6 +65,8 @@ TEST_F(Paint, ASelectionInsideARunSplitsItIntoThreeOfTheSameWidth) {
 }
 
 TEST_F(Paint, ALongRunGoesOutInPiecesWithoutASeam) {
+  window.Client.Right = 3100 * W;  // the whole run in view
+  memo.ResizeEditor();
   std::u16string row;
   for (int i = 0; i < 3000; ++i) row += char16_t(u'a' + i % 26);
   memo.SetText(row);
@@ -82,6 +84,20 @@ TEST_F(Paint, ALongRunGoesOutInPiecesWithoutASeam) {
   PaintAll();
   for (const TPaintItem* piece : Texts(0)) EXPECT_EQ(piece->Text.back(), u' ');
   EXPECT_EQ(Joined(0), words);
+}
+
+TEST_F(Paint, ARowWiderThanTheViewDrawsWhatShowsButMeasuresAll) {
+  memo.SetText(std::u16string(100'000, u'a') + u"\r\nshort");
+  PaintAll();
+  ASSERT_EQ(Texts(0).size(), 1u);
+  EXPECT_LT(Texts(0)[0]->R.Left, memo.EditorRect(true, 0).Right);
+  EXPECT_GE(memo.FMaxTextWidth, 100'000 * W);
+  // Scrolled far right, the pieces left of the view are skipped too.
+  memo.SetLeftCol(50'000);
+  PaintAll();
+  ASSERT_FALSE(Texts(0).empty());
+  EXPECT_LE(Texts(0).size(), 2u);
+  EXPECT_GT(Texts(0)[0]->R.Right, memo.EditorRect(true, 0).Left);
 }
 
 TEST_F(Paint, ShownTabsDrawTheirMarkInTheTabsCellInSelectionColoursWhenSelected) {
