@@ -93,13 +93,18 @@ void BM_FullPaint60Rows(benchmark::State& state) {
 }
 BENCHMARK(BM_FullPaint60Rows)->Unit(benchmark::kMicrosecond);
 
-void BM_FullPaint60RowsQt(benchmark::State& state) {
+TOrlMemoWidget& QtWidget() {
   static TOrlMemoWidget* widget = [] {
     auto* w = new TOrlMemoWidget;
     w->resize(1000, 60 * 17);
     FillAndStyle(w->Memo());
     return w;
   }();
+  return *widget;
+}
+
+void BM_FullPaint60RowsQt(benchmark::State& state) {
+  TOrlMemoWidget* widget = &QtWidget();
   TOrlMemo& memo = widget->Memo();
   const TRect client = widget->ClientRect();
   QImage image(client.Width(), client.Height(), QImage::Format_RGB32);
@@ -111,6 +116,19 @@ void BM_FullPaint60RowsQt(benchmark::State& state) {
   state.counters["rows"] = memo.VisibleRowMax();
 }
 BENCHMARK(BM_FullPaint60RowsQt)->Unit(benchmark::kMicrosecond);
+
+// The keystroke's row drawn into the Qt back buffer.
+void BM_RedrawRowAt500kQt(benchmark::State& state) {
+  TOrlMemoWidget& widget = QtWidget();
+  TOrlMemo& memo = widget.Memo();
+  QImage image(widget.width(), widget.height(), QImage::Format_RGB32);
+  TMemoPainter painter(memo);
+  for (auto _ : state) {
+    TQtMemoCanvas canvas(image, widget.palette());
+    painter.PaintLine(canvas, kEditLine);
+  }
+}
+BENCHMARK(BM_RedrawRowAt500kQt)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
