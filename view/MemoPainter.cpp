@@ -38,15 +38,18 @@ void TMemoPainter::Paint(IMemoCanvas& canvas, TRect clip) {
   canvas.FillRect({client.Left, clip.Top, client.Right, std::min(clip.Bottom, area.Top)}, background);
   FDeco.Gutter(canvas, clip);
   AdjustHorizontalBar();
-  M.FPrevTopLine = M.FTopLine;
+  M.FPrevTopLine = FPaintedTopLine = M.FTopLine;
+  FPaintedLeftCol = M.FLeftCol;
 }
 
 bool TMemoPainter::ScrollShortcut(IMemoCanvas& canvas, const TRect& area, TRect& clip) {
-  if (M.FOffsetScrollMode != osmAllow || M.FPrevTopLine == M.FTopLine || M.FLastLeftCol != M.FLeftCol) return false;
+  if (M.FOffsetScrollMode != osmAllow || FPaintedTopLine < 0 || FPaintedTopLine == M.FTopLine ||
+      FPaintedLeftCol != M.FLeftCol)
+    return false;
   if (M.FShowDocumentMap && M.FDocMapDrawType == dmrDocMapOnly) return false;
   if (!M.Window().ScrollBarVisible(TScrollBarKind::sbVertical)) return false;
-  // Rows the view moved down by: the old top now stands that many rows above.
-  const int d = -M.GetRowFromLine(M.FPrevTopLine);
+  // Rows the view moved down by since the canvas was drawn: its top now stands that many rows above.
+  const int d = -M.GetRowFromLine(FPaintedTopLine);
   const int H = M.CellSize().H;
   if (d == 0 || std::abs(d) >= M.VisibleRowMax() - 1) return false;
   canvas.ScrollRows(area, -d * H);

@@ -63,6 +63,9 @@ public:
   TRect PaintLine(IMemoCanvas& canvas, int line);
   /// The rectangle of the row that shows `line`; empty above or below the view.
   TRect RowRect(int line);
+  /// The view scrolled since the last paint: the canvas's rows are not where
+  /// the memo's are until the next paint moves them.
+  bool ScrollPending() const { return FPaintedTopLine != M.TopLine() || FPaintedLeftCol != M.LeftCol(); }
 
 private:
   struct TRunColours {
@@ -118,6 +121,9 @@ private:
   int FPen = 0;               ///< pen x
   int FTabOrigin = 0;
   bool FScrolledDown = false;  ///< this paint follows a downward scroll blit
+  // What the canvas shows: the top line and left column of the last paint
+  // (the memo's own previous top line follows every change, not the paints).
+  int FPaintedTopLine = -1, FPaintedLeftCol = 0;
   int FSizedForWidth = 0;      ///< the widest row the horizontal bar was last sized for
 };
 

@@ -260,13 +260,10 @@ TCharHit TOrlMemoWidget::XToChar(const TMemoFont& font, std::u16string_view text
 bool TOrlMemoWidget::EnsureBuffer() {
   const qreal ratio = devicePixelRatioF();
   const QSize device = (QSizeF(size()) * ratio).toSize();
-  if (FBuffer.size() == device && FBuffer.devicePixelRatio() == ratio && FBufferValid) return false;
-  if (FBuffer.size() != device) {
-    FBuffer = QImage(device, QImage::Format_RGB32);
-    FBuffer.fill(palette().color(QPalette::Base));
-  }
+  if (FBuffer.size() == device && FBuffer.devicePixelRatio() == ratio) return false;
+  FBuffer = QImage(device, QImage::Format_RGB32);
   FBuffer.setDevicePixelRatio(ratio);
-  FBufferValid = true;
+  FBuffer.fill(palette().color(QPalette::Base));
   return true;
 }
 
@@ -291,8 +288,8 @@ void TOrlMemoWidget::RedrawRect(const TRect& r) {
   const QRect target(r.Left, r.Top, r.Width(), r.Height());
   // Before the first paint, or with a scroll the buffer has not followed yet,
   // only a paint can bring the buffer up to date.
-  const bool bScrollPending = FMemo->FPrevTopLine != FMemo->TopLine() || FMemo->FLastLeftCol != FMemo->LeftCol();
-  if (!FBufferValid || FBuffer.size() != (QSizeF(size()) * devicePixelRatioF()).toSize() || bScrollPending) {
+  const bool bScrollPending = FPainter->ScrollPending();
+  if (FBuffer.size() != (QSizeF(size()) * devicePixelRatioF()).toSize() || bScrollPending) {
     if (bScrollPending) FMemo->FOffsetScrollMode = osmNone;
     update(target);
     return;
@@ -308,7 +305,6 @@ void TOrlMemoWidget::RedrawRect(const TRect& r) {
 }
 
 void TOrlMemoWidget::resizeEvent(QResizeEvent*) {
-  FBufferValid = false;
   PlaceScrollBars();
   FMemo->ResizeEditor();
 }

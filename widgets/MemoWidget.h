@@ -84,7 +84,7 @@ private:
   /// Restarts the blink with the caret shown, as after every move.
   void RestartBlink();
   /// Sizes the back buffer to the widget in device pixels; true when it was
-  /// (re)made and holds nothing yet.
+  /// made anew and holds nothing yet.
   bool EnsureBuffer();
 
   IMemoWindowClient* FClient = nullptr;
@@ -100,7 +100,6 @@ private:
   QElapsedTimer FClock;
   QPoint FWheelRest;  // eighths of a degree not yet turned into notches
   QImage FBuffer;  // the back buffer: what the memo drew, kept between paints
-  bool FBufferValid = false;
   QRect FJustDrawn;  // drawn into the buffer by RedrawRect, waiting to be shown
   std::unique_ptr<TOrlMemo> FMemo;  // built once the window parts exist
   std::unique_ptr<TMemoPainter> FPainter;

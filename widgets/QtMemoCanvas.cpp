@@ -68,6 +68,7 @@ void TQtMemoCanvas::BeginRow(int, const TRect& row) {
 }
 
 void TQtMemoCanvas::FillRect(const TRect& r, TRgb color) {
+  if (r.Width() <= 0 || r.Height() <= 0) return;  // Qt would fill a turned-over rectangle
   FPainter.fillRect(QRect(r.Left, r.Top, r.Width(), r.Height()), ToQColor(color));
 }
 

@@ -130,6 +130,32 @@ TEST_F(WidgetPaint, ComplexTextIsLaidOutWithTabStopsOnTheDocumentsGridAndSelects
   EXPECT_GT(CountPixels(image, Cells(1, 0, 3), Q(memo.FStyles->FSelBkColor)), 0);
 }
 
+TEST_F(WidgetPaint, ScrollingByBlitShowsWhatAWholePaintShows) {
+  std::u16string text;
+  for (int i = 0; i < 100; ++i) text += u"int v" + std::u16string(size_t(i % 7 + 1), u'x') + u"; // " + char16_t(u'a' + i % 26) + u"\r\n";
+  memo.SetText(text);
+  memo.SetTextCursor(2, 5, true);
+  Grab("before-scroll");
+  for (const int lines : {1, 3, -2}) {
+    memo.FCaretScrollVDistance = lines == 3 ? 3 : 1;
+    memo.FOffsetScrollMode = osmAllow;
+    memo.SetTopLine(memo.TopLine() + lines + (lines < 0 ? 0 : 2));
+    const QImage blitted = Grab(("blitted" + std::to_string(lines)).c_str());
+    memo.FOffsetScrollMode = osmNone;
+    widget.update();
+    const QImage whole = Grab(("whole" + std::to_string(lines)).c_str());
+    EXPECT_EQ(blitted, whole) << lines;
+  }
+  // Two scrolls before one paint: the blit is measured from what the buffer shows.
+  memo.FOffsetScrollMode = osmAllow;
+  memo.SetTopLine(memo.TopLine() + 2);
+  memo.FOffsetScrollMode = osmAllow;
+  memo.SetTopLine(memo.TopLine() + 1);
+  const QImage blitted = Grab("blitted-twice");
+  widget.update();
+  EXPECT_EQ(blitted, Grab("whole-twice"));
+}
+
 TEST(QtMemoCanvas, TheBufferIsInDevicePixelsWhileTheMemoDrawsInLogicalOnes) {
   QImage image(200, 200, QImage::Format_RGB32);
   image.fill(Qt::white);
