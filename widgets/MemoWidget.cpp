@@ -274,7 +274,6 @@ void TOrlMemoWidget::paintEvent(QPaintEvent* event) {
   const QRect dirty = bFresh ? rect() : event->rect();
   // A row RedrawRect just drew needs only showing.
   const bool bDrawn = !bFresh && FJustDrawn.contains(dirty);
-  FJustDrawn = {};
   if (!bDrawn) {
     TQtMemoCanvas canvas(FBuffer, palette());
     FPainter->Paint(canvas, {dirty.left(), dirty.top(), dirty.right() + 1, dirty.bottom() + 1});
@@ -302,6 +301,7 @@ void TOrlMemoWidget::RedrawRect(const TRect& r) {
   }
   FJustDrawn = target;
   repaint(target);
+  FJustDrawn = {};  // a hidden widget paints nothing now; a later paint of the row must draw it
 }
 
 void TOrlMemoWidget::resizeEvent(QResizeEvent*) {

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <QFontDatabase>
+#include <QApplication>
 #include <QImage>
+#include <QScreen>
 
 #include <climits>
 #include <filesystem>
@@ -154,6 +156,17 @@ TEST_F(WidgetPaint, ScrollingByBlitShowsWhatAWholePaintShows) {
   const QImage blitted = Grab("blitted-twice");
   widget.update();
   EXPECT_EQ(blitted, Grab("whole-twice"));
+}
+
+TEST_F(WidgetPaint, ARedrawnRowReachesTheScreenWithoutAPaintOfTheView) {
+  widget.show();
+  QApplication::processEvents();
+  const auto screen = [&] { return widget.screen()->grabWindow(widget.winId()).toImage().convertToFormat(QImage::Format_RGB32); };
+  const QImage before = screen();
+  memo.SetLineText(0, u"int changed() {");
+  const QImage after = screen();  // no event loop ran: only the redraw reached the screen
+  EXPECT_NE(after.copy(Cells(0, 0, 20)), before.copy(Cells(0, 0, 20)));
+  EXPECT_EQ(after.copy(Cells(0, 0, 20)), Grab("redrawn").copy(Cells(0, 0, 20)));
 }
 
 TEST(QtMemoCanvas, TheBufferIsInDevicePixelsWhileTheMemoDrawsInLogicalOnes) {
