@@ -162,6 +162,30 @@ TEST_F(Paint, ABraceMarkAtARunsStartWinsOverTheCurrentLine) {
   EXPECT_EQ(Texts(0)[1]->Bg, ColorToRgb(0x0000FF));
 }
 
+TEST_F(Paint, AForcedBlockColoursAllItHoldsWhileAPlainOneLetsKeywordsShow) {
+  LoadDefinition(u"[Keywords]\nWords=if\n\n[Block]\n1_Name=Forced\n1_Start=<<\n1_End=>>\n1_AsString=1\n"
+                 u"2_Name=Plain\n2_Start=[[\n2_End=]]\n");
+  TOrlCustomMemoStyles& S = *memo.FStyles;
+  ASSERT_EQ(S.FBlocks.size(), 2u);
+  S.FBlocks[0]->Color = 0x0000FF;
+  S.FBlocks[1]->Color = 0x00FF00;
+  S.FKeyWords[0]->Color = 0xFF0000;
+  memo.SetText(u"<< if >> [[ if ]]\r\nif");
+  memo.SetTextCursor(0, 1, true);
+  PaintAll();
+  std::vector<TRgb> ifColours;
+  for (const TPaintItem* item : Texts(0)) {
+    if (item->Text.find(u"if") != std::u16string::npos) ifColours.push_back(item->Fg);
+    if (item->Text.starts_with(u"[[")) {
+      EXPECT_EQ(item->Fg, ColorToRgb(0x00FF00));
+    }
+  }
+  ASSERT_EQ(ifColours.size(), 2u);
+  EXPECT_EQ(ifColours[0], ColorToRgb(0x0000FF));  // inside the forced block
+  EXPECT_EQ(ifColours[1], ColorToRgb(0xFF0000));  // a keyword inside the plain one
+  EXPECT_EQ(Texts(1)[0]->Fg, ColorToRgb(0xFF0000));
+}
+
 TEST_F(Paint, TheRightMarginRunsThroughEveryRowAndBelowTheText) {
   memo.SetText(u"short\r\nrow");
   PaintAll();

@@ -6,7 +6,9 @@
 #include <filesystem>
 #include <numeric>
 
+#include "TempFolder.h"
 #include "editing/HeadlessWindow.h"
+#include "syntax/SyntaxTestFiles.h"
 #include "editing/OrlMemo.h"
 #include "syntax/OrlSyntax.h"
 #include "view/MemoPainter.h"
@@ -26,6 +28,13 @@ protected:
     TOrlSyntax syntax;
     std::u16string asp;
     syntax.LoadStyleFromFile(&memo, std::filesystem::path(SYNTAX_DIR "/C++.gdx").u16string(), u"C++", 0, asp);
+    ASSERT_NE(memo.FStyles, nullptr);
+  }
+  /// Loads a definition written from `gdx` (sections, lines joined by "\n").
+  void LoadDefinition(std::u16string_view gdx) {
+    TOrlSyntax syntax;
+    std::u16string asp;
+    syntax.LoadStyleFromFile(&memo, WriteDefinitionFile(Folder, "Lang.gdx", gdx).u16string(), u"Lang", 0, asp);
     ASSERT_NE(memo.FStyles, nullptr);
   }
   /// A whole paint; the display list of the last one stays in `canvas`.
@@ -54,6 +63,7 @@ protected:
     return true;
   }
 
+  TTempFolder Folder;
   THeadlessWindow window;
   TOrlMemo memo{&window};
   TRecordingCanvas canvas{window};
