@@ -13,6 +13,11 @@ void TOrlCustomMemo::Invalidate() {
   if (FSplitMemo && FActiveSplitView) FSplitMemo->UpdateSelection(true);
 }
 
+void TOrlMemo::Invalidate() {
+  TOrlCustomMemo::Invalidate();
+  FUpdateAnnotationBar = true;
+}
+
 void TOrlCustomMemo::InvalidateLines(int from, int to) {
   if (!FLetRefresh || FClosing || FCellSize.H <= 0) return;
   TOrlMemoStrings& lines = InternalLines();
@@ -29,6 +34,8 @@ void TOrlCustomMemo::InvalidateLines(int from, int to) {
   // Under wrap a change may move text into the real line's later rows.
   if (WrapOn())
     while (to + 1 < lines.Count() && lines.IsLineWrapped(to + 1)) ++to;
+  // A change of lines leaves the map as it is.
+  if (FShowDocumentMap && FDocMapDrawType == dmrAllow) FDocMapDrawType = dmrNone;
   const TRect area = EditorRect(false, -1);
   const int top = area.Top + GetRowFromLine(from) * FCellSize.H;
   const int bottom = area.Top + (GetRowFromLine(to) + 1) * FCellSize.H;

@@ -245,7 +245,7 @@ public:
 
   // Redraw.
   /// Asks for a repaint of the whole control, unless updates are off.
-  void Invalidate();
+  virtual void Invalidate();
   /// After an edit of `line`: redraws the row alone when its end state stayed
   /// the same, else invalidates from it to the bottom of the view.
   void InvalidateLine(int line);
@@ -626,6 +626,8 @@ public:
   explicit TOrlMemo(IMemoWindow* window = nullptr, std::u16string szDataFolder = u"");
 
   void LinesChanged(bool bRedraw, bool bNew, bool SetCaret) override;
+  /// Also marks the annotation bar for its next paint.
+  void Invalidate() override;
   /// Clears the undo list and every row's line history.
   void ClearUndoRedoAndLineHistory();
 

@@ -29,6 +29,7 @@ struct TTextOut {
   /// with Bg. Complex path: 0, the canvas lays the text out itself.
   int Width = 0;
   bool bComplex = false;
+  bool bRightToLeft = false;  ///< complex path: the text reads from right to left
   /// Complex path: characters [SelStart, SelEnd) are drawn in SelFg on SelBg.
   int SelStart = 0, SelEnd = 0;
   TRgb SelFg, SelBg;

@@ -175,6 +175,7 @@ int TMemoPainter::OutputText(IMemoCanvas& canvas, int start, int length, const T
 int TMemoPainter::OutputComplex(IMemoCanvas& canvas, int start, int length, const TRunColours& colours) {
   TTextOut t = TextOutAt(start, length, colours, false);
   t.bComplex = true;
+  t.bRightToLeft = M.FUseRTL;
   t.SelStart = std::clamp(FRow.SelStart - start, 0, length);
   t.SelEnd = std::clamp(FRow.SelEnd - start, 0, length);
   t.SelFg = Rgb(SelFg());

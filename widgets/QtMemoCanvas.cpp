@@ -102,6 +102,7 @@ int TQtMemoCanvas::ComplexText(const TTextOut& t) {
   QTextLayout layout(ToQString(t.Text), StyledFont(t.Style));
   QTextOption option;
   option.setWrapMode(QTextOption::NoWrap);
+  if (t.bRightToLeft) option.setTextDirection(Qt::RightToLeft);
   if (t.TabWidth > 0) {
     // Stops relative to the piece's start, so that they fall on the document's grid.
     const int offset = ((t.X - t.TabOrigin) % t.TabWidth + t.TabWidth) % t.TabWidth;
