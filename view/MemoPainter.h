@@ -16,6 +16,9 @@
 
 namespace orl {
 
+/// The run kind of the shown line-end mark, coloured as a control character.
+inline constexpr int8_t kLineEndMark = -3;
+
 /// What one row is being drawn with, for the decorations.
 struct TRowPaint {
   int Line = -1;
@@ -71,6 +74,12 @@ private:
   struct TRunColours {
     TColor Fg = 0, Bg = 0;
     TFontStyles Style = 0;
+    /// A token's colours; its background only where no mark set one.
+    void Take(TColor fg, TColor bg, TFontStyles style, bool bKeepBackground) {
+      Fg = fg;
+      Style = style;
+      if (!bKeepBackground && bg != clNoColor) Bg = bg;
+    }
   };
 
   // The paint.
@@ -86,6 +95,10 @@ private:
   void AdvanceState(int line, TStyle& state);
   TColor RowBackground(int line) const;
   void RowSelection(int line, int length, TRowPaint& row);
+  /// The row's text run by run from `start`, the state at its beginning, and its line-end mark.
+  void DrawRowText(IMemoCanvas& canvas, int line, const TStyle& start);
+  void BlockSelectionLines(IMemoCanvas& canvas, int line);
+  void ColumnSelectionBeyondText(IMemoCanvas& canvas);
   void EndOfRowSelection(IMemoCanvas& canvas, int line, int& x);
   void CurrentLineBorder(IMemoCanvas& canvas, const TRowPaint& row);
   void RightMargin(IMemoCanvas& canvas, const TRowPaint& row);
@@ -96,6 +109,10 @@ private:
   void OutputRun(IMemoCanvas& canvas, const TTokenRun& run);
   void OutputPiece(IMemoCanvas& canvas, const TTokenRun& run, int start, int length);
   TRunColours RunColours(const TTokenRun& run, int start) const;
+  /// A brace mark on the run's first character: true when it set the colours.
+  bool BraceColours(int start, TRunColours& c) const;
+  /// The token classes' colours, in their order of precedence.
+  void TokenColours(const TOrlCustomMemoStyles& S, const TTokenRun& run, bool bKeepBackground, TRunColours& c) const;
   /// Draws characters [start, start + length) of the row; returns the advance.
   int OutputText(IMemoCanvas& canvas, int start, int length, const TRunColours& colours, bool bSelected);
   /// The text output of characters [start, start + length) at the pen.

@@ -52,7 +52,6 @@ void TMemoPainter::RowSelection(int line, int length, TRowPaint& row) {
 void TMemoPainter::PaintRow(IMemoCanvas& canvas, int line, const TRect& rect, const TStyle& start) {
   canvas.BeginRow(line, rect);
   TOrlMemoStrings& lines = M.InternalLines();
-  const TCellSize cell = M.CellSize();
   FRow = {};
   FRow.Line = line;
   FRow.Rect = rect;
@@ -60,50 +59,61 @@ void TMemoPainter::PaintRow(IMemoCanvas& canvas, int line, const TRect& rect, co
   FRow.Background = RowBackground(line);
   bool bFiller = false;
   const int diffKind = FDeco.DiffRowKind(line, bFiller);
-  if (diffKind >= 1 && diffKind <= 3 && !bFiller)
-    FRow.Background = Blend(kDiffColours[diffKind - 1], FRow.Background, kDiffPercent);
+  const bool bDiffRow = diffKind >= 1 && diffKind <= 3;
+  bFiller = bFiller && bDiffRow;
+  if (bDiffRow && !bFiller) FRow.Background = Blend(kDiffColours[diffKind - 1], FRow.Background, kDiffPercent);
   canvas.FillRect(rect, Rgb(FRow.Background));
   if (bFiller) canvas.Hatch(rect, Rgb(kDiffColours[diffKind - 1]));
 
   const TRect textArea = M.EditorRect(true, line);  // shifted by the indent of a continuation row
-  FTabOrigin = textArea.Left - M.FLeftCol * cell.W;
-  FPen = FRow.TextLeft = FTabOrigin;
-  const std::u16string_view text = lines.GetLineString(line);
-  FVisualLength = lines.GetVisualBuffer(FVisual, line, M.FShowTabs, M.FShowCRLF, false, false, true);
-  RowSelection(line, FVisualLength, FRow);
-  if (!bFiller) {
-    FRuns.Clear();
-    if (!text.empty()) M.Tokeniser().DrawSegments(text, start, FRuns);
-    for (const TTokenRun& run : FRuns.Runs) OutputRun(canvas, run);
-    if (FVisualLength > int(text.size())) {
-      TTokenRun mark;
-      mark.Start = int(text.size()) + 1;
-      mark.Length = FVisualLength - int(text.size());
-      mark.BlockId = -3;  // the line-end mark: control-character colours
-      OutputRun(canvas, mark);
-    }
-  }
-  FRow.TextRight = FPen;
+  FTabOrigin = textArea.Left - M.FLeftCol * M.CellSize().W;
+  FPen = FRow.TextLeft = FRow.TextRight = FTabOrigin;
+  FVisualLength = 0;
+  if (!bFiller) DrawRowText(canvas, line, start);
   M.FMaxTextWidth = std::max(M.FMaxTextWidth, FPen - FTabOrigin);
-
-  if (M.BSelLine == line) {
-    const TRgb c = Rgb(M.FBlockLineColor);
-    for (const int col : {M.BSelStart, M.BSelStart + M.BSelLen}) {
-      const int x = FTabOrigin + col * cell.W;
-      canvas.Line({x, rect.Top}, {x, rect.Bottom}, c, 1);
-    }
-  }
+  BlockSelectionLines(canvas, line);
   EndOfRowSelection(canvas, line, FPen);
-  if (M.FColumnMode && FRow.SelEnd > FVisualLength) {
-    const TOrderedSelection sel = M.GetSelection();
-    const int right = FTabOrigin + sel.EndX * cell.W;
-    canvas.FillRect({std::max(FPen, FTabOrigin + sel.StartX * cell.W), rect.Top, right, rect.Bottom}, Rgb(SelBg()));
-  }
+  ColumnSelectionBeyondText(canvas);
   CurrentLineBorder(canvas, FRow);
   Decorations(canvas, FRow);
   if (lines.ReadLineAttribute(line).NodeClosed())
     canvas.Line({rect.Left, rect.Bottom - 1}, {rect.Right, rect.Bottom - 1}, Rgb(kClosedFoldLine), 1);
   FDeco.ExtraCaretSelections(canvas, FRow);
+}
+
+void TMemoPainter::DrawRowText(IMemoCanvas& canvas, int line, const TStyle& start) {
+  TOrlMemoStrings& lines = M.InternalLines();
+  const std::u16string_view text = lines.GetLineString(line);
+  FVisualLength = lines.GetVisualBuffer(FVisual, line, M.FShowTabs, M.FShowCRLF, false, false, true);
+  RowSelection(line, FVisualLength, FRow);
+  FRuns.Clear();
+  if (!text.empty()) M.Tokeniser().DrawSegments(text, start, FRuns);
+  for (const TTokenRun& run : FRuns.Runs) OutputRun(canvas, run);
+  if (FVisualLength > int(text.size())) {
+    TTokenRun mark;
+    mark.Start = int(text.size()) + 1;
+    mark.Length = FVisualLength - int(text.size());
+    mark.BlockId = kLineEndMark;
+    OutputRun(canvas, mark);
+  }
+  FRow.TextRight = FPen;
+}
+
+void TMemoPainter::BlockSelectionLines(IMemoCanvas& canvas, int line) {
+  if (M.BSelLine != line) return;
+  const TRgb c = Rgb(M.FBlockLineColor);
+  for (const int col : {M.BSelStart, M.BSelStart + M.BSelLen}) {
+    const int x = FTabOrigin + col * M.CellSize().W;
+    canvas.Line({x, FRow.Rect.Top}, {x, FRow.Rect.Bottom}, c, 1);
+  }
+}
+
+void TMemoPainter::ColumnSelectionBeyondText(IMemoCanvas& canvas) {
+  if (!M.FColumnMode || FRow.SelEnd <= FVisualLength) return;
+  const TOrderedSelection sel = M.GetSelection();
+  const int W = M.CellSize().W;
+  const int left = std::max(FPen, FTabOrigin + sel.StartX * W);
+  canvas.FillRect({left, FRow.Rect.Top, FTabOrigin + sel.EndX * W, FRow.Rect.Bottom}, Rgb(SelBg()));
 }
 
 void TMemoPainter::EndOfRowSelection(IMemoCanvas& canvas, int line, int& x) {

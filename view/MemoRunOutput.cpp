@@ -17,7 +17,6 @@ constexpr int kMaxPiece = 1024;
 constexpr int kPieceLookBack = 20;
 constexpr char16_t kTabMark = 0x00BB;
 constexpr TColor kWindowText = TColor(0xFF000008u);
-constexpr int8_t kLineEndMark = -3;
 
 bool IsBlankOrTab(char16_t c) { return c == u' ' || c == u'\t'; }
 
@@ -55,66 +54,70 @@ void TMemoPainter::OutputRun(IMemoCanvas& canvas, const TTokenRun& run) {
   }
 }
 
-TMemoPainter::TRunColours TMemoPainter::RunColours(const TTokenRun& run, int start) const {
+bool TMemoPainter::BraceColours(int start, TRunColours& c) const {
   const TOrlCustomMemoStyles* S = M.FStyles;
   const int line = FRow.Line;
+  const bool bLeftBrace = M.FLeftBrace.Y == line && M.FLeftBrace.x == start + 1;
+  const bool bRightBrace = M.FRightBrace.Y == line && M.FRightBrace.x == start + 1;
+  if (!S || !(bLeftBrace || bRightBrace)) return false;
+  // Both ends known: the match; one alone: the error look.
+  const bool bPair = M.FLeftBrace.Y >= 0 && M.FRightBrace.Y >= 0;
+  c.Bg = bPair ? S->FBraceHighlightColor : S->FBraceHighlightColorE;
+  c.Fg = bPair ? S->FBraceHighlightTextColor : S->FBraceHighlightTextColorE;
+  c.Style = bPair ? S->FBraceHighlightStyle : S->FBraceHighlightStyleE;
+  if (c.Bg == clNoColor) c.Bg = FRow.Background;
+  return true;
+}
+
+TMemoPainter::TRunColours TMemoPainter::RunColours(const TTokenRun& run, int start) const {
+  const TOrlCustomMemoStyles* S = M.FStyles;
   TRunColours c;
   c.Fg = S ? S->FTextColor : kWindowText;
   c.Style = S ? S->FTextStyle : M.FFont.Style;
-  // The background: the first mark that applies decides.
-  const bool bLeftBrace = M.FLeftBrace.Y == line && M.FLeftBrace.x == start + 1;
-  const bool bRightBrace = M.FRightBrace.Y == line && M.FRightBrace.x == start + 1;
-  if (S && (bLeftBrace || bRightBrace)) {
-    const bool bPair = M.FLeftBrace.Y >= 0 && M.FRightBrace.Y >= 0;
-    c.Bg = bPair ? S->FBraceHighlightColor : S->FBraceHighlightColorE;
-    c.Fg = bPair ? S->FBraceHighlightTextColor : S->FBraceHighlightTextColorE;
-    c.Style = bPair ? S->FBraceHighlightStyle : S->FBraceHighlightStyleE;
-    if (c.Bg == clNoColor) c.Bg = FRow.Background;
-    return c;
-  }
-  const bool bMarkedRow = (M.FSyncEdit && FDeco.InSyncBlock(line)) || (M.FHighlightLine && line == M.FCurY);
-  const bool bDiffRow = FRow.Background != RowBackground(line);
-  const bool bBackgroundSet = bMarkedRow || bDiffRow;
-  c.Bg = bBackgroundSet ? FRow.Background : S ? S->FTextColorBK : M.FBkColor;
-  const auto take = [&](TColor fg, TColor bg, TFontStyles style) {
-    c.Fg = fg;
-    c.Style = style;
-    if (!bBackgroundSet && bg != clNoColor) c.Bg = bg;
-  };
-  const auto takeStyle = [&](const TCharStyle& style) { take(style.FTextColor, style.FBkColor, style.FStyle); };
+  if (BraceColours(start, c)) return c;
+  // A marked row (sync block, current line, diff) keeps its background under every token.
+  const int line = FRow.Line;
+  const bool bMarkedRow = (M.FSyncEdit && FDeco.InSyncBlock(line)) || (M.FHighlightLine && line == M.FCurY) ||
+                          FRow.Background != RowBackground(line);
+  c.Bg = bMarkedRow ? FRow.Background : S ? S->FTextColorBK : M.FBkColor;
   if (run.BlockId == kLineEndMark) {
-    if (S) take(S->FControlCharColor, S->FControlCharColorBk, 0);
+    if (S) c.Take(S->FControlCharColor, S->FControlCharColorBk, 0, bMarkedRow);
     else c.Fg = 0x808080;
-    return c;
-  }
-  if (!S) return c;
-  const TBlock* block = run.BlockId >= 1 ? ItemAt(S->FBlocks, run.BlockId - 1) : nullptr;
-  const TStyleProperties& p = run.Properties;
-  if (block && block->ForceColor) take(block->Color, block->ColorBk, block->Style);
-  else if (run.Is(spLineIsUrl)) takeStyle(M.FUrlStyle);
-  else if (run.Is(spInLineComment)) takeStyle(S->FLineCommentStyle);
-  else if (run.Is(spInComment)) takeStyle(S->FCommentStyle);
-  else if (p.BracketId == 0) takeStyle(S->FCharStyle);
-  else if (p.BracketId == 1 || run.BlockId == -2) takeStyle(S->FStringStyle);
-  else if (run.Is(spInTag) && M.FHtml && run.TagPart != tpNone)
-    takeStyle(run.TagPart == tpAttributeName ? S->FAttributeName : S->FAttributeValue);
-  else if (run.Is(spIsNumber)) takeStyle(S->FNumberStyle);
-  else if (run.Is(spIsHexNumber)) takeStyle(S->FHexNumberStyle);
-  else if (run.Is(spIsSymbol)) {
-    if (p.Index == 10) takeStyle(S->FSymbolWordsAStyle);
-    else if (p.Index == 11) takeStyle(S->FSymbolWordsBStyle);
-    else if (p.Index == 12) takeStyle(S->FSymbolWordsCStyle);
-    else takeStyle(S->FSymbolsStyle);
-  } else if (run.Is(spIsTagWord)) {
-    const TKeyWord* group = ItemAt(S->FTags, p.TagNr);
-    if (group) take(group->Color, group->ColorBk, group->Style);
-    else take(S->FTagColor, S->FTagColorBk, S->FTagStyle);
-  } else if (run.Is(spIsKeyword)) {
-    if (const TKeyWord* group = ItemAt(S->FKeyWords, p.Index)) take(group->Color, group->ColorBk, group->Style);
-  } else if (block) {
-    take(block->Color, block->ColorBk, block->Style);
+  } else if (S) {
+    TokenColours(*S, run, bMarkedRow, c);
   }
   return c;
+}
+
+void TMemoPainter::TokenColours(const TOrlCustomMemoStyles& S, const TTokenRun& run, bool bKeepBackground,
+                                TRunColours& c) const {
+  const auto take = [&](const TCharStyle& style) { c.Take(style.FTextColor, style.FBkColor, style.FStyle, bKeepBackground); };
+  const auto takeGroup = [&](const auto& group) { c.Take(group.Color, group.ColorBk, group.Style, bKeepBackground); };
+  const TBlock* block = run.BlockId >= 1 ? ItemAt(S.FBlocks, run.BlockId - 1) : nullptr;
+  const TStyleProperties& p = run.Properties;
+  // The first test that holds decides; a forced block comes before them all.
+  if (block && block->ForceColor) takeGroup(*block);
+  else if (run.Is(spLineIsUrl)) take(M.FUrlStyle);
+  else if (run.Is(spInLineComment)) take(S.FLineCommentStyle);
+  else if (run.Is(spInComment)) take(S.FCommentStyle);
+  else if (p.BracketId == 0) take(S.FCharStyle);
+  else if (p.BracketId == 1 || run.BlockId == -2) take(S.FStringStyle);
+  else if (run.Is(spInTag) && M.FHtml && run.TagPart != tpNone)
+    take(run.TagPart == tpAttributeName ? S.FAttributeName : S.FAttributeValue);
+  else if (run.Is(spIsNumber)) take(S.FNumberStyle);
+  else if (run.Is(spIsHexNumber)) take(S.FHexNumberStyle);
+  else if (run.Is(spIsSymbol)) take(p.Index == 10   ? S.FSymbolWordsAStyle
+                                    : p.Index == 11 ? S.FSymbolWordsBStyle
+                                    : p.Index == 12 ? S.FSymbolWordsCStyle
+                                                    : S.FSymbolsStyle);
+  else if (run.Is(spIsTagWord)) {
+    if (const TKeyWord* group = ItemAt(S.FTags, p.TagNr)) takeGroup(*group);
+    else c.Take(S.FTagColor, S.FTagColorBk, S.FTagStyle, bKeepBackground);
+  } else if (run.Is(spIsKeyword)) {
+    if (const TKeyWord* group = ItemAt(S.FKeyWords, p.Index)) takeGroup(*group);
+  } else if (block) {
+    takeGroup(*block);
+  }
 }
 
 void TMemoPainter::OutputPiece(IMemoCanvas& canvas, const TTokenRun& run, int start, int length) {

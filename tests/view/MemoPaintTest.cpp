@@ -186,6 +186,44 @@ TEST_F(Paint, AForcedBlockColoursAllItHoldsWhileAPlainOneLetsKeywordsShow) {
   EXPECT_EQ(Texts(1)[0]->Fg, ColorToRgb(0xFF0000));
 }
 
+/// Diff rows on lines 0 (changed) and 1 (a filler), and a log of the row decorations.
+class TDiffDecorations final : public IRowDecorations {
+public:
+  int DiffRowKind(int line, bool& bFiller) override {
+    bFiller = line == 1;
+    return line <= 1 ? 1 : 0;
+  }
+  void FoldMarker(IMemoCanvas&, const TRowPaint& row) override { Log("fold", row); }
+  void IndentGuides(IMemoCanvas&, const TRowPaint& row) override { Log("guides", row); }
+  void SpellingMarks(IMemoCanvas&, const TRowPaint& row) override { Log("spelling", row); }
+  void Highlights(IMemoCanvas&, const TRowPaint& row) override { Log("highlights", row); }
+  void ColorValueUnderlines(IMemoCanvas&, const TRowPaint& row) override { Log("colours", row); }
+  void ClipTabStops(IMemoCanvas&, const TRowPaint& row) override { Log("tabstops", row); }
+  void ExtraCaretSelections(IMemoCanvas&, const TRowPaint& row) override { Log("carets", row); }
+  void Log(const std::string& what, const TRowPaint& row) {
+    if (row.Line == 2) Calls += what + "@" + std::to_string(row.TextRight - row.TextLeft) + " ";
+  }
+  std::string Calls;
+};
+
+TEST_F(Paint, DiffRowsMixTheirColourOrHatchAndDecorationsComeInTheirOrder) {
+  TDiffDecorations decorations;
+  TMemoPainter withDiff(memo, &decorations);
+  memo.SetText(u"changed\r\nfiller\r\nplain");
+  memo.SetTextCursor(0, 2, true);
+  canvas.Clear();
+  withDiff.Paint(canvas, {});
+  // Red 177, green 177, blue 255 at 30 percent over white.
+  const TRgb mixed = ColorToRgb(Blend(TOrlCustomMemo::RGB(177, 177, 255), memo.FBkColor, 30));
+  EXPECT_EQ(mixed, (TRgb{231, 231, 255}));
+  EXPECT_EQ(Texts(0)[0]->Bg, mixed);
+  EXPECT_TRUE(Texts(1).empty());  // a filler row shows no text
+  EXPECT_TRUE(std::any_of(canvas.Items.begin(), canvas.Items.end(),
+                          [](const TPaintItem& i) { return i.Kind == TPaintKind::Hatch && i.Line == 1; }));
+  EXPECT_EQ(decorations.Calls,
+            "fold@40 guides@40 spelling@40 highlights@40 colours@40 tabstops@40 carets@40 ");
+}
+
 TEST_F(Paint, TheRightMarginRunsThroughEveryRowAndBelowTheText) {
   memo.SetText(u"short\r\nrow");
   PaintAll();
