@@ -30,23 +30,20 @@ struct TRowPaint {
   bool bContinuation = false;
 };
 
-/// The decorations of parts drawn elsewhere: folds, braces, spelling, find
-/// marks, diff rows, extra carets, gutter, map and hex view. Each default
-/// draws nothing and changes nothing.
+/// The decorations of parts drawn elsewhere: sync edit, indent guides, the
+/// highlight lists, colour values, clip tab stops, extra carets, gutter, map
+/// and hex view. Each default draws nothing and changes nothing.
 class IRowDecorations {
 public:
   virtual ~IRowDecorations() = default;
-  /// 1, 2 or 3 for a row of text-diff mode, 0 otherwise; bFiller for a row without text.
-  virtual int DiffRowKind(int line, bool& bFiller) { (void)line; bFiller = false; return 0; }
   virtual bool InSyncBlock(int line) { (void)line; return false; }
   /// True when the hex view painted the whole control.
   virtual bool HexPaint(IMemoCanvas&) { return false; }
   virtual void Gutter(IMemoCanvas&, const TRect& clip) { (void)clip; }
   virtual void DocumentMap(IMemoCanvas&, bool bScrolling) { (void)bScrolling; }
-  // The row's decorations, called in this order after the right margin.
-  virtual void FoldMarker(IMemoCanvas&, const TRowPaint&) {}
+  // The row's decorations, called in this order after the right margin, the
+  // fold marker (indent guides) and the spelling marks (the rest).
   virtual void IndentGuides(IMemoCanvas&, const TRowPaint&) {}
-  virtual void SpellingMarks(IMemoCanvas&, const TRowPaint&) {}
   /// Smart highlight, highlighted words, find marks, highlighted selections and expressions.
   virtual void Highlights(IMemoCanvas&, const TRowPaint&) {}
   virtual void ColorValueUnderlines(IMemoCanvas&, const TRowPaint&) {}
@@ -102,6 +99,10 @@ private:
   void EndOfRowSelection(IMemoCanvas& canvas, int line, int& x);
   void CurrentLineBorder(IMemoCanvas& canvas, const TRowPaint& row);
   void RightMargin(IMemoCanvas& canvas, const TRowPaint& row);
+  /// A closed fold head: its marker 20 pixels behind the text.
+  void FoldMarker(IMemoCanvas& canvas, const TRowPaint& row);
+  /// A wavy line under each misspelt word of the row.
+  void SpellingMarks(IMemoCanvas& canvas, const TRowPaint& row);
   void Decorations(IMemoCanvas& canvas, const TRowPaint& row);
 
   // Runs.

@@ -57,10 +57,11 @@ void TMemoPainter::PaintRow(IMemoCanvas& canvas, int line, const TRect& rect, co
   FRow.Rect = rect;
   FRow.bContinuation = lines.IsLineWrapped(line);
   FRow.Background = RowBackground(line);
-  bool bFiller = false;
-  const int diffKind = FDeco.DiffRowKind(line, bFiller);
+  // A row of text-diff mode: a changed row mixes its kind's colour in, a filler row is hatched.
+  const TTextAttribute& attribute = lines.ReadLineAttribute(line);
+  const int diffKind = attribute.TextDiffKind;
   const bool bDiffRow = diffKind >= 1 && diffKind <= 3;
-  bFiller = bFiller && bDiffRow;
+  const bool bFiller = bDiffRow && !attribute.Enabled;
   if (bDiffRow && !bFiller) FRow.Background = Blend(kDiffColours[diffKind - 1], FRow.Background, kDiffPercent);
   canvas.FillRect(rect, Rgb(FRow.Background));
   if (bFiller) canvas.Hatch(rect, Rgb(kDiffColours[diffKind - 1]));
@@ -76,7 +77,7 @@ void TMemoPainter::PaintRow(IMemoCanvas& canvas, int line, const TRect& rect, co
   ColumnSelectionBeyondText(canvas);
   CurrentLineBorder(canvas, FRow);
   Decorations(canvas, FRow);
-  if (lines.ReadLineAttribute(line).NodeClosed())
+  if (attribute.NodeClosed())
     canvas.Line({rect.Left, rect.Bottom - 1}, {rect.Right, rect.Bottom - 1}, Rgb(kClosedFoldLine), 1);
   FDeco.ExtraCaretSelections(canvas, FRow);
 }
@@ -149,9 +150,9 @@ void TMemoPainter::RightMargin(IMemoCanvas& canvas, const TRowPaint& row) {
 
 void TMemoPainter::Decorations(IMemoCanvas& canvas, const TRowPaint& row) {
   RightMargin(canvas, row);
-  FDeco.FoldMarker(canvas, row);
+  FoldMarker(canvas, row);
   if (!row.bContinuation) FDeco.IndentGuides(canvas, row);
-  FDeco.SpellingMarks(canvas, row);
+  SpellingMarks(canvas, row);
   FDeco.Highlights(canvas, row);
   FDeco.ColorValueUnderlines(canvas, row);
   FDeco.ClipTabStops(canvas, row);

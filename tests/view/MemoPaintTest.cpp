@@ -186,16 +186,10 @@ TEST_F(Paint, AForcedBlockColoursAllItHoldsWhileAPlainOneLetsKeywordsShow) {
   EXPECT_EQ(Texts(1)[0]->Fg, ColorToRgb(0xFF0000));
 }
 
-/// Diff rows on lines 0 (changed) and 1 (a filler), and a log of the row decorations.
-class TDiffDecorations final : public IRowDecorations {
+/// A log of the row decorations on line 2.
+class TLoggedDecorations final : public IRowDecorations {
 public:
-  int DiffRowKind(int line, bool& bFiller) override {
-    bFiller = line == 1;
-    return line <= 1 ? 1 : 0;
-  }
-  void FoldMarker(IMemoCanvas&, const TRowPaint& row) override { Log("fold", row); }
   void IndentGuides(IMemoCanvas&, const TRowPaint& row) override { Log("guides", row); }
-  void SpellingMarks(IMemoCanvas&, const TRowPaint& row) override { Log("spelling", row); }
   void Highlights(IMemoCanvas&, const TRowPaint& row) override { Log("highlights", row); }
   void ColorValueUnderlines(IMemoCanvas&, const TRowPaint& row) override { Log("colours", row); }
   void ClipTabStops(IMemoCanvas&, const TRowPaint& row) override { Log("tabstops", row); }
@@ -206,22 +200,42 @@ public:
   std::string Calls;
 };
 
-TEST_F(Paint, DiffRowsMixTheirColourOrHatchAndDecorationsComeInTheirOrder) {
-  TDiffDecorations decorations;
-  TMemoPainter withDiff(memo, &decorations);
-  memo.SetText(u"changed\r\nfiller\r\nplain");
-  memo.SetTextCursor(0, 2, true);
+TEST_F(Paint, RowMarksFromTheAttributeAndDecorationsInTheirOrder) {
+  TLoggedDecorations decorations;
+  TMemoPainter decorated(memo, &decorations);
+  memo.SetText(u"changed\r\nfiller\r\nplain wrod\r\nhead {\r\n}");
+  memo.SetTextCursor(0, 4, true);
+  TOrlMemoStrings& lines = memo.InternalLines();
+  lines.GetLineAttribute(0)->TextDiffKind = 1;
+  lines.GetLineAttribute(1)->TextDiffKind = 2;
+  lines.GetLineAttribute(1)->Enabled = false;
+  lines.GetLineAttribute(2)->SpellList.Add({4, 7, 0, 0});  // "wrod"
+  lines.GetLineAttribute(3)->SetNodeClosed(true);
   canvas.Clear();
-  withDiff.Paint(canvas, {});
+  decorated.Paint(canvas, {});
   // Red 177, green 177, blue 255 at 30 percent over white.
   const TRgb mixed = ColorToRgb(Blend(TOrlCustomMemo::RGB(177, 177, 255), memo.FBkColor, 30));
   EXPECT_EQ(mixed, (TRgb{231, 231, 255}));
   EXPECT_EQ(Texts(0)[0]->Bg, mixed);
-  EXPECT_TRUE(Texts(1).empty());  // a filler row shows no text
-  EXPECT_TRUE(std::any_of(canvas.Items.begin(), canvas.Items.end(),
-                          [](const TPaintItem& i) { return i.Kind == TPaintKind::Hatch && i.Line == 1; }));
-  EXPECT_EQ(decorations.Calls,
-            "fold@40 guides@40 spelling@40 highlights@40 colours@40 tabstops@40 carets@40 ");
+  EXPECT_TRUE(Texts(1).empty());  // a filler row shows no text, only its hatch
+  const auto itemOf = [&](TPaintKind kind, int line) {
+    const auto it = std::find_if(canvas.Items.begin(), canvas.Items.end(),
+                                 [&](const TPaintItem& i) { return i.Kind == kind && i.Line == line; });
+    return it == canvas.Items.end() ? nullptr : &*it;
+  };
+  ASSERT_NE(itemOf(TPaintKind::Hatch, 1), nullptr);
+  const int left = memo.EditorRect(true, 2).Left;
+  const TPaintItem* wave = itemOf(TPaintKind::ZigZag, 2);
+  ASSERT_NE(wave, nullptr);
+  EXPECT_EQ(wave->R.Left, left + 6 * W);
+  EXPECT_EQ(wave->R.Right, left + 10 * W);
+  EXPECT_EQ(wave->R.Top, 3 * H - 2);
+  // The closed head's marker: 20 pixels behind its six characters.
+  const auto row3 = Texts(3);
+  ASSERT_FALSE(row3.empty());
+  EXPECT_EQ(row3.back()->Text, u"...");
+  EXPECT_EQ(row3.back()->R.Left, left + 6 * W + 20 + 1);
+  EXPECT_EQ(decorations.Calls, "guides@80 highlights@80 colours@80 tabstops@80 carets@80 ");
 }
 
 TEST_F(Paint, TheRightMarginRunsThroughEveryRowAndBelowTheText) {
