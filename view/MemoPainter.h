@@ -9,6 +9,8 @@
 // is stored back, so a paint rescans only what an edit invalidated.
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "editing/OrlMemo.h"
 #include "syntax/TokenRun.h"
@@ -106,6 +108,10 @@ private:
   void Decorations(IMemoCanvas& canvas, const TRowPaint& row);
 
   // Runs.
+  /// The addresses of the row: each from its scheme to the first character that ends one.
+  void FindUrlSpans(std::u16string_view text, bool bStartsInUrl);
+  /// Cuts a run where an address starts or ends; the address's part is drawn as a link.
+  void OutputRunWithUrls(IMemoCanvas& canvas, const TTokenRun& run);
   /// Cuts a run at tabs (shown tabs) and into pieces of at most 1024 characters.
   void OutputRun(IMemoCanvas& canvas, const TTokenRun& run);
   void OutputPiece(IMemoCanvas& canvas, const TTokenRun& run, int start, int length);
@@ -130,6 +136,7 @@ private:
   IRowDecorations FNoDecorations;
   IRowDecorations& FDeco;
   TTokenRunList FRuns;
+  std::vector<std::pair<int, int>> FUrlSpans;  ///< [start, end) of each address in the row, 0-based
   const TSystemPalette* FCanvasPalette = nullptr;
 
   // The row being drawn.

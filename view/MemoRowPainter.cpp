@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <string_view>
 
 #include "view/MemoPainter.h"
 
@@ -19,7 +20,60 @@ constexpr TColor kDiffColours[] = {TOrlCustomMemo::RGB(177, 177, 255), TOrlCusto
                                    TOrlCustomMemo::RGB(177, 255, 177)};
 constexpr int kDiffPercent = 30;
 
+constexpr std::u16string_view kUrlSchemes[] = {u"http://", u"https://", u"ftp://", u"mailto:", u"file://"};
+constexpr std::u16string_view kUrlEnds = u"\u00B7'\t\" <>(){}[]";
+
+/// Where a scheme stands whose ':' is at `colon`; npos when none does.
+size_t SchemeBefore(std::u16string_view text, size_t colon) {
+  for (const std::u16string_view scheme : kUrlSchemes) {
+    const size_t at = colon + 1 - std::min(scheme.find(u':') + 1, colon + 1);
+    if (text.substr(at).starts_with(scheme)) return at;
+  }
+  return std::u16string_view::npos;
+}
+
 } // namespace
+
+void TMemoPainter::FindUrlSpans(std::u16string_view text, bool bStartsInUrl) {
+  FUrlSpans.clear();
+  size_t from = 0;
+  if (bStartsInUrl) {
+    from = std::min(text.find_first_of(kUrlEnds), text.size());
+    FUrlSpans.push_back({0, int(from)});
+  }
+  for (size_t colon = text.find(u':', from); colon != std::u16string_view::npos; colon = text.find(u':', from)) {
+    const size_t start = SchemeBefore(text, colon);
+    from = colon + 1;
+    if (start == std::u16string_view::npos || (!FUrlSpans.empty() && int(start) < FUrlSpans.back().second)) continue;
+    from = std::min(text.find_first_of(kUrlEnds, colon), text.size());
+    FUrlSpans.push_back({int(start), int(from)});
+  }
+}
+
+void TMemoPainter::OutputRunWithUrls(IMemoCanvas& canvas, const TTokenRun& run) {
+  int start = run.Start - 1;
+  const int end = start + run.Length;
+  for (const auto& [urlStart, urlEnd] : FUrlSpans) {
+    if (urlEnd <= start || urlStart >= end) continue;
+    TTokenRun piece = run;
+    if (urlStart > start) {
+      piece.Start = start + 1;
+      piece.Length = urlStart - start;
+      OutputRun(canvas, piece);
+      start = urlStart;
+    }
+    piece.Start = start + 1;
+    piece.Length = std::min(urlEnd, end) - start;
+    piece.Properties.Set(spLineIsUrl, true);
+    OutputRun(canvas, piece);
+    start += piece.Length;
+  }
+  if (start >= end) return;
+  TTokenRun rest = run;
+  rest.Start = start + 1;
+  rest.Length = end - start;
+  OutputRun(canvas, rest);
+}
 
 TColor TMemoPainter::SelFg() const { return M.FStyles ? M.FStyles->FSelColor : M.FSelColor; }
 TColor TMemoPainter::SelBg() const { return M.FStyles ? M.FStyles->FSelBkColor : M.FSelBkColor; }
@@ -89,7 +143,10 @@ void TMemoPainter::DrawRowText(IMemoCanvas& canvas, int line, const TStyle& star
   RowSelection(line, FVisualLength, FRow);
   FRuns.Clear();
   if (!text.empty()) M.Tokeniser().DrawSegments(text, start, FRuns);
-  for (const TTokenRun& run : FRuns.Runs) OutputRun(canvas, run);
+  // Addresses in the text are runs of their own, in the link's colours.
+  if (M.UrlAware) FindUrlSpans(text, lines.ReadLineAttribute(line).URL());
+  else FUrlSpans.clear();
+  for (const TTokenRun& run : FRuns.Runs) OutputRunWithUrls(canvas, run);
   if (FVisualLength > int(text.size())) {
     TTokenRun mark;
     mark.Start = int(text.size()) + 1;

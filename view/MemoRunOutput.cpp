@@ -85,6 +85,8 @@ TMemoPainter::TRunColours TMemoPainter::RunColours(const TTokenRun& run, int sta
     else c.Fg = 0x808080;
   } else if (S) {
     TokenColours(*S, run, bMarkedRow, c);
+  } else if (run.Is(spLineIsUrl)) {
+    c.Take(M.FUrlStyle.FTextColor, M.FUrlStyle.FBkColor, M.FUrlStyle.FStyle, bMarkedRow);
   }
   return c;
 }

@@ -238,6 +238,26 @@ TEST_F(Paint, RowMarksFromTheAttributeAndDecorationsInTheirOrder) {
   EXPECT_EQ(decorations.Calls, "guides@80 highlights@80 colours@80 tabstops@80 carets@80 ");
 }
 
+TEST_F(Paint, AddressesAreCutOutOfTheirRunsAndDrawnAsLinks) {
+  memo.UrlAware = true;
+  memo.FUrlStyle.Set(0xFF0000, clNoColor, fsUnderline);
+  memo.SetText(u"see http://x.org/a?b=1 and (mailto:me@x.org) end\r\nno:link here");
+  memo.SetTextCursor(0, 1, true);
+  PaintAll();
+  std::vector<std::u16string> links, plain;
+  for (const TPaintItem* item : Texts(0))
+    (item->Style == fsUnderline ? links : plain).push_back(item->Text);
+  EXPECT_EQ(links, (std::vector<std::u16string>{u"http://x.org/a?b=1", u"mailto:me@x.org"}));
+  EXPECT_EQ(Joined(0), u"see http://x.org/a?b=1 and (mailto:me@x.org) end");
+  EXPECT_TRUE(Seamless(0));
+  for (const TPaintItem* item : Texts(1)) EXPECT_EQ(item->Style, 0);
+  // The continuation of an address wrapped from the row above starts in it.
+  memo.InternalLines().GetLineAttribute(1)->SetURL(true);
+  PaintAll();
+  EXPECT_EQ(Texts(1)[0]->Text, u"no:link");
+  EXPECT_EQ(Texts(1)[0]->Style, fsUnderline);
+}
+
 TEST_F(Paint, TheRightMarginRunsThroughEveryRowAndBelowTheText) {
   memo.SetText(u"short\r\nrow");
   PaintAll();
