@@ -26,7 +26,8 @@ void TMemoPainter::Paint(IMemoCanvas& canvas, TRect clip) {
   const bool bScrolled = ScrollShortcut(canvas, area, clip);
   M.FLastLeftCol = M.FLeftCol;
   M.FOffsetScrollMode = osmNone;
-  if (clip.Bottom > area.Top && clip.Top < area.Bottom) PaintRows(canvas, area, clip);
+  // Rows are taken inclusively at both ends: a band of no height still names the row at its edge.
+  if (clip.Bottom >= area.Top && clip.Top < area.Bottom) PaintRows(canvas, area, clip);
   if (M.FShowDocumentMap) FDeco.DocumentMap(canvas, bScrolled);
   M.FDocMapDrawType = dmrAllow;
   // What lies left of and above the text (gutter and ruler bands, the margin

@@ -138,8 +138,8 @@ TEST_F(WidgetPaint, ScrollingByBlitShowsWhatAWholePaintShows) {
   memo.SetText(text);
   memo.SetTextCursor(2, 5, true);
   Grab("before-scroll");
-  for (const int lines : {1, 3, -2}) {
-    memo.FCaretScrollVDistance = lines == 3 ? 3 : 1;
+  for (const auto& [lines, distance] : {std::pair{1, 1}, {3, 3}, {-2, 1}, {-1, 3}}) {
+    memo.FCaretScrollVDistance = distance;
     memo.FOffsetScrollMode = osmAllow;
     memo.SetTopLine(memo.TopLine() + lines + (lines < 0 ? 0 : 2));
     const QImage blitted = Grab(("blitted" + std::to_string(lines)).c_str());
