@@ -28,6 +28,7 @@ public:
 
   void Invalidate(const TRect& r) override { Invalidated.push_back(r); }
   void InvalidateAll() override { ++InvalidatedAll; }
+  void RedrawRect(const TRect& r) override { Redrawn.push_back(r); }
 
   void SetScrollInfo(TScrollBarKind bar, const TScrollInfo& info) override { Scroll[size_t(bar)] = info; }
   void ShowScrollBar(TScrollBarKind bar, bool bVisible) override { ScrollVisible[size_t(bar)] = bVisible; }
@@ -78,6 +79,7 @@ public:
 
   std::vector<TRect> Invalidated;
   int InvalidatedAll = 0;
+  std::vector<TRect> Redrawn;  ///< rows drawn at once, outside a paint
   std::array<TScrollInfo, 2> Scroll{};
   std::array<bool, 2> ScrollVisible{};
   TPoint CaretPos;

@@ -217,19 +217,4 @@ TFullPos TOrlCustomMemo::PointToCharPos(int x, int y) {
   return CharXYFromPos(std::max(px, 0), std::max(py, 0), false);
 }
 
-void TOrlCustomMemo::Invalidate() {
-  if (FLetRefresh && !FClosing) FWindow->InvalidateAll();
-}
-
-void TOrlCustomMemo::InvalidateLine(int line) { InvalidateLines(line, line); }
-
-void TOrlCustomMemo::InvalidateLines(int from, int to) {
-  if (!FLetRefresh || FClosing || FCellSize.H <= 0) return;
-  const TRect area = EditorRect(false, -1);
-  const int top = area.Top + std::max(GetRowFromLine(std::min(from, to)), 0) * FCellSize.H;
-  const int bottom = area.Top + (GetRowFromLine(std::max(from, to)) + 1) * FCellSize.H;
-  if (bottom <= area.Top || top >= area.Bottom) return;
-  FWindow->Invalidate({area.Left, std::max(top, area.Top), area.Right, std::min(bottom, area.Bottom)});
-}
-
 } // namespace orl

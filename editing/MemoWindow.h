@@ -106,6 +106,9 @@ public:
 
   virtual void Invalidate(const TRect& r) = 0;
   virtual void InvalidateAll() = 0;
+  /// Draws `r` now and shows it, without waiting for a paint; a window that
+  /// keeps no back buffer repaints it later instead.
+  virtual void RedrawRect(const TRect& r) { Invalidate(r); }
 
   virtual void SetScrollInfo(TScrollBarKind bar, const TScrollInfo& info) = 0;
   virtual void ShowScrollBar(TScrollBarKind bar, bool bVisible) = 0;

@@ -45,6 +45,9 @@ enum TProgressStage : uint8_t { psStarting, psRunning, psEnding };
 enum TShiftStateFlag : uint8_t { ssShift = 1, ssAlt = 2, ssCtrl = 4 };
 using TShiftState = uint8_t;
 
+/// How the right margin is drawn.
+enum TMarginLineType : uint8_t { mNone, mDotted, mSolid, m3d };
+
 /// Selector of VisibleCellCount.
 enum TVisibleCount : uint8_t { vcPageWidth, vcPageHeight, vcLastVisiblePos, vcLastVisibleLine };
 
@@ -267,9 +270,17 @@ public:
   }
 
   // Redraw.
-  void Invalidate();
+  /// Asks for a repaint of the whole control, unless updates are off.
+  virtual void Invalidate();
+  /// After an edit of `line`: redraws the row alone when its end state stayed
+  /// the same, else invalidates from it to the bottom of the view.
   void InvalidateLine(int line);
+  /// Invalidates the rows of lines from..to; -1 or less stands for the top
+  /// line and the last visible line. Under wrap the range reaches the end of
+  /// the real line.
   virtual void InvalidateLines(int from, int to);
+  /// Draws the row of `line` now, through the window, without a paint.
+  void RedrawLine(int line);
 
   // Split views.
   void AssignSplitMemo(TOrlCustomMemo* ctrl, bool asSlave);
@@ -566,6 +577,7 @@ public:
   TColor FTagHighlightColor = RGB(0, 200, 255);
   TColor FSyncEditBkColor = 0xFFFCE0;
   TColor FRightMarginColor = 0xE2E2E2;
+  TMarginLineType FRightMarginLine = mSolid;
   TColor FHighlightFindColor = RGB(255, 120, 0), FHighlightFindTextColor = 0xFFFFFF;
   TColor FHighlightSelectionColor = RGB(80, 180, 80), FHighlightSelectionTextColor = 0xFFFFFF;
   TColor FHighlightWordsColor = 0x0000FF, FHighlightWordsTextColor = 0x00FFFF;
@@ -660,6 +672,8 @@ public:
   explicit TOrlMemo(IMemoWindow* window = nullptr, std::u16string szDataFolder = u"");
 
   void LinesChanged(bool bRedraw, bool bNew, bool SetCaret) override;
+  /// Also marks the annotation bar for its next paint.
+  void Invalidate() override;
   /// Clears the undo list and every row's line history.
   void ClearUndoRedoAndLineHistory();
   /// Undoes or redoes until the list's position is `n`, with the window's

@@ -1,5 +1,7 @@
 #include "widgets/MemoWidget.h"
 
+#include <QPaintEvent>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QFontDatabase>
@@ -20,12 +22,12 @@
 
 #include <cmath>
 
+#include "widgets/QtMemoCanvas.h"
+
 namespace orl {
 namespace {
 
 QString ToQString(std::u16string_view s) { return QString::fromUtf16(s.data(), qsizetype(s.size())); }
-
-QColor ToQColor(TColor c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
 
 /// Lays `text` out on one line with tab stops every `tabWidth` pixels.
 class TOneLineLayout {
@@ -127,11 +129,13 @@ TOrlMemoWidget::TOrlMemoWidget(QWidget* parent, const QString& dataFolder) : QWi
     });
   }
   FMemo = std::make_unique<TOrlMemo>(this, dataFolder.toStdU16String());
+  FPainter = std::make_unique<TMemoPainter>(*FMemo);
 }
 
 TOrlMemoWidget::~TOrlMemoWidget() {
   for (QTimer* timer : FTimers) timer->stop();
   FBlink->stop();
+  FPainter.reset();
   FMemo.reset();
 }
 
@@ -288,10 +292,51 @@ TCharHit TOrlMemoWidget::XToChar(const TMemoFont& font, std::u16string_view text
   return {layout.Line().xToCursor(x, QTextLine::CursorBetweenCharacters), 0};
 }
 
-void TOrlMemoWidget::paintEvent(QPaintEvent*) {
+bool TOrlMemoWidget::EnsureBuffer() {
+  const qreal ratio = devicePixelRatioF();
+  const QSize device = (QSizeF(size()) * ratio).toSize();
+  if (FBuffer.size() == device && FBuffer.devicePixelRatio() == ratio) return false;
+  FBuffer = QImage(device, QImage::Format_RGB32);
+  FBuffer.setDevicePixelRatio(ratio);
+  FBuffer.fill(palette().color(QPalette::Base));
+  return true;
+}
+
+void TOrlMemoWidget::paintEvent(QPaintEvent* event) {
+  // A new buffer holds nothing to scroll: it is drawn whole.
+  const bool bFresh = EnsureBuffer();
+  if (bFresh) FMemo->FOffsetScrollMode = osmNone;
+  const QRect dirty = bFresh ? rect() : event->rect();
+  // A row RedrawRect just drew needs only showing.
+  const bool bDrawn = !bFresh && FJustDrawn.contains(dirty);
+  if (!bDrawn) {
+    TQtMemoCanvas canvas(FBuffer, palette());
+    FPainter->Paint(canvas, {dirty.left(), dirty.top(), dirty.right() + 1, dirty.bottom() + 1});
+  }
   QPainter painter(this);
-  painter.fillRect(rect(), ToQColor(FMemo->FBkColor));
+  painter.drawImage(QPoint(0, 0), FBuffer);
   if (FCaretShown && FBlinkOn && hasFocus()) painter.fillRect(FCaret, Qt::black);
+}
+
+void TOrlMemoWidget::RedrawRect(const TRect& r) {
+  const QRect target(r.Left, r.Top, r.Width(), r.Height());
+  // Before the first paint, or with a scroll the buffer has not followed yet,
+  // only a paint can bring the buffer up to date.
+  const bool bScrollPending = FPainter->ScrollPending();
+  if (FBuffer.size() != (QSizeF(size()) * devicePixelRatioF()).toSize() || bScrollPending) {
+    if (bScrollPending) FMemo->FOffsetScrollMode = osmNone;
+    update(target);
+    return;
+  }
+  const TRect area = FMemo->EditorRect(true, -1);
+  const int H = std::max(FMemo->CellSize().H, 1);
+  {
+    TQtMemoCanvas canvas(FBuffer, palette());
+    FPainter->PaintLine(canvas, FMemo->GetLineFromRow((r.Top - area.Top) / H));
+  }
+  FJustDrawn = target;
+  repaint(target);
+  FJustDrawn = {};  // a hidden widget paints nothing now; a later paint of the row must draw it
 }
 
 void TOrlMemoWidget::resizeEvent(QResizeEvent*) {

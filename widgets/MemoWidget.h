@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "editing/OrlMemo.h"
+#include "view/MemoPainter.h"
 
 class QLabel;
 class QScrollBar;
@@ -37,6 +38,7 @@ public:
   int SystemMajorVersion() const override { return 10; }
   void Invalidate(const TRect& r) override;
   void InvalidateAll() override { update(); }
+  void RedrawRect(const TRect& r) override;
   void SetScrollInfo(TScrollBarKind bar, const TScrollInfo& info) override;
   void ShowScrollBar(TScrollBarKind bar, bool bVisible) override;
   bool ScrollBarVisible(TScrollBarKind bar) const override;
@@ -92,6 +94,9 @@ private:
   void UpdateLinePanel();
   /// Restarts the blink with the caret shown, as after every move.
   void RestartBlink();
+  /// Sizes the back buffer to the widget in device pixels; true when it was
+  /// made anew and holds nothing yet.
+  bool EnsureBuffer();
 
   IMemoWindowClient* FClient = nullptr;
   QScrollBar* FVertBar;
@@ -106,7 +111,10 @@ private:
   QTimer* FBlink;
   QElapsedTimer FClock;
   QPoint FWheelRest;  // eighths of a degree not yet turned into notches
-  std::unique_ptr<TOrlMemo> FMemo;  // last: built once the window parts exist
+  QImage FBuffer;  // the back buffer: what the memo drew, kept between paints
+  QRect FJustDrawn;  // drawn into the buffer by RedrawRect, waiting to be shown
+  std::unique_ptr<TOrlMemo> FMemo;  // built once the window parts exist
+  std::unique_ptr<TMemoPainter> FPainter;
 };
 
 } // namespace orl

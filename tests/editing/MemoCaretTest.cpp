@@ -30,9 +30,11 @@ protected:
   /// Screen rows the recorded invalidations cover, and then forgets them.
   std::set<int> RepaintedRows() {
     std::set<int> rows;
-    for (const TRect& r : window.Invalidated)
-      for (int y = r.Top; y < r.Bottom; y += H) rows.insert(y / H);
+    for (const auto* list : {&window.Invalidated, &window.Redrawn})
+      for (const TRect& r : *list)
+        for (int y = r.Top; y < r.Bottom; y += H) rows.insert(y / H);
     window.Invalidated.clear();
+    window.Redrawn.clear();
     window.InvalidatedAll = 0;
     return rows;
   }

@@ -1,6 +1,7 @@
 // Every memo script in tests/data/memo runs through gdtool memo and must
 // print exactly its .out file: the output, then "[exit N]". A script's first
-// line may give the command's arguments as "#args: ...".
+// line may give the command's arguments as "#args: ..."; "{host}" in them
+// stands for the staged host folder, where the bundled definitions are.
 
 #include <gtest/gtest.h>
 
@@ -28,6 +29,8 @@ std::string RunScript(const fs::path& script) {
   std::string args;
   const std::string text = ReadAll(script);
   if (text.starts_with("#args:")) args = text.substr(6, text.find('\n') - 6);
+  for (size_t at = args.find("{host}"); at != std::string::npos; at = args.find("{host}"))
+    args.replace(at, 6, "'" + orl::test::HostDir().string() + "'");
   const std::string command =
       "'" + orl::test::GdtoolPath().string() + "' memo" + args + " --script '" + script.string() + "' 2>&1";
   FILE* pipe = ::popen(command.c_str(), "r");

@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "Console.h"
+#include "MemoPaintPrint.h"
 #include "MemoScript.h"
 #include "editing/HeadlessWindow.h"
 #include "editing/MemoProperties.h"
@@ -25,7 +26,7 @@ namespace gdtool {
 
 const char* const kMemoHelp =
     "usage: gdtool memo [FILE] [--syntax DEF.gdx] [--size COLSxROWS] [--set NAME=VALUE]...\n"
-    "                   [--script FILE|-]\n"
+    "                   [--script FILE|-] [--trace invalidate]\n"
     "\n"
     "Runs the editor engine's memo without a display over FILE's text (UTF-8 with or\n"
     "without mark, or UTF-16 with mark), with the style set of DEF.gdx, in a text\n"
@@ -52,6 +53,13 @@ const char* const kMemoHelp =
     "                             whole line, as a copy with no selection does\n"
     "  clip print                 print the clipboard: clip \"...\" [line]\n"
     "  print state|text|rows|options\n"
+    "  setline ROW \"...\"         replace one row's text as an edit of it\n"
+    "  print paint [ROW-ROW]      paint the view; per screen row one JSON object with\n"
+    "                             its runs: {\"row\":R,\"line\":L,\"runs\":[{\"text\":...,\n"
+    "                             \"x\":PIXEL,\"fg\":\"#rrggbb\",\"bg\":\"#rrggbb\",\"style\":\"biu\"}]}\n"
+    "--trace invalidate prints after each command what it invalidated: 'trace\n"
+    "invalidate all', 'trace invalidate rows A-B [l,t,r,b]' and, for a row drawn\n"
+    "at once, 'trace redraw rows A-B [l,t,r,b]' (screen rows, client pixels).\n"
     "print state writes one JSON object on one line:\n"
     "  {\"caret\":[CurX,CurY],\"sel\":[SelStartX,SelStartY,SelEndX,SelEndY],\"top\":TopLine,\n"
     "   \"left\":LeftCol,\"rows\":RowCount,\"modified\":false,\"overwrite\":false,\"text\":\"...\"}\n"
@@ -71,6 +79,7 @@ struct TMemoArgs {
   std::optional<std::filesystem::path> File, Syntax, Script;
   int Cols = 80, Rows = 25;
   std::vector<std::string> Sets;
+  bool bTraceInvalidate = false;
 };
 
 bool ParseSize(const std::string& text, int& cols, int& rows) {
@@ -92,6 +101,7 @@ bool ParseArgs(const std::vector<std::string>& args, TMemoArgs& parsed) {
     if (a == "--syntax" && bHasValue) parsed.Syntax = args[++i];
     else if (a == "--script" && bHasValue) parsed.Script = args[++i];
     else if (a == "--set" && bHasValue) parsed.Sets.push_back(args[++i]);
+    else if (a == "--trace" && bHasValue && args[i + 1] == "invalidate") parsed.bTraceInvalidate = ++i > 0;
     else if (a == "--size" && bHasValue) {
       if (!ParseSize(args[++i], parsed.Cols, parsed.Rows)) return false;
     } else if (!a.starts_with("--") && !parsed.File) parsed.File = a;
@@ -176,6 +186,7 @@ private:
   void Click(TPoint p, TShiftState shift);
   void Print(const std::string& what);
   void Clip(const std::vector<TScriptWord>& words);
+  void PaintRows(const std::vector<TScriptWord>& words);
 
   THeadlessWindow& FWindow;
   TOrlMemo& FMemo;
@@ -248,6 +259,11 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     FMemo.Saved();
   } else if (command == "clip") {
     Clip(words);
+  } else if (command == "setline") {
+    Need(words, 3, "setline ROW \"...\"");
+    FMemo.SetLineText(Int(words[1]), words[2].Text);
+  } else if (command == "print" && words.size() >= 2 && Out(words[1].Text) == "paint") {
+    PaintRows(words);
   } else if (command == "print") {
     Need(words, 2, "print state|text|rows|options");
     Print(Out(words[1].Text));
@@ -371,6 +387,21 @@ void TMemoDriver::Print(const std::string& what) {
   }
 }
 
+void TMemoDriver::PaintRows(const std::vector<TScriptWord>& words) {
+  if (words.size() > 3) throw EScriptError("usage: print paint [ROW-ROW]");
+  int first = 0, last = -1;
+  if (words.size() == 3) {
+    const std::string range = Out(words[2].Text);
+    const size_t dash = range.find('-');
+    if (dash == std::string::npos) throw EScriptError("print paint takes a range ROW-ROW");
+    first = Int({Utf8ToUtf16(range.substr(0, dash)), false});
+    last = Int({Utf8ToUtf16(range.substr(dash + 1)), false});
+    if (first < 0 || last < first) throw EScriptError("print paint takes rows from 0, the first not above the last");
+  }
+  FPrinted = true;
+  PrintPaint(FMemo, FOut, first, last);
+}
+
 /// The script's lines: from a file, from standard input, or none.
 bool ReadScript(const TMemoArgs& args, std::string& script, std::ostream& err) {
   if (!args.Script) return true;
@@ -429,9 +460,14 @@ int RunMemo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
   }
   std::istringstream lines(script);
   std::string line;
+  // The trace starts with the script: what setting up the memo invalidated is not shown.
+  window.Invalidated.clear();
+  window.InvalidatedAll = 0;
+  window.Redrawn.clear();
   for (int number = 1; std::getline(lines, line); ++number) {
     try {
       driver.Run(SplitScriptLine(line));
+      if (parsed.bTraceInvalidate) PrintInvalidations(memo, window, out);
     } catch (const EScriptError& e) {
       err << "gdtool memo: line " << number << ": " << e.what() << "\n";
       return exUnusable;
