@@ -29,8 +29,17 @@ void TOrlCustomMemo::ClearSelection(bool bRedraw) {
   Invalidate();
 }
 
+// The split partner calls this when the other view repaints: both show one
+// text, so an edit there may leave this selection past the text's end. The
+// selection is kept and clamped, never dropped, so that scrolling or typing in
+// one view leaves the other's selection where the user made it.
 void TOrlCustomMemo::UpdateSelection(bool bRedraw) {
-  if (HasSelection()) ClearSelection(bRedraw);
+  if (!HasSelection()) return;
+  const TFullPos start = ClampToStore({FSelStartX, FSelStartY});
+  const TFullPos end = ClampToStore({FSelEndX, FSelEndY});
+  if (start == TFullPos{FSelStartX, FSelStartY} && end == TFullPos{FSelEndX, FSelEndY}) return;
+  SetSelectionSilent(start.x, start.Y, end.x, end.Y);
+  if (bRedraw) Invalidate();
 }
 
 void TOrlCustomMemo::SetSelectionSilent(int StartX, int StartY, int EndX, int EndY) {

@@ -372,6 +372,7 @@ public:
   /// with bRealCRLF in an LF or CR document.
   int64_t GetSelectionLength(bool bIncludeCRLF, bool bRealCRLF = false);
   int SelStartCol() const { return GetSelection().StartX; }
+  /// Keeps the selection inside the text after the other view of a split edited it.
   void UpdateSelection(bool bRedraw);
   virtual void ExpandSelection(bool bInvalidateAll, bool bSetOldCurX, bool bInvalidateOnly, bool bAllowSmartHighlight);
   void SelectAll(bool Silent);

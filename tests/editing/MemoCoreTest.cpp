@@ -104,6 +104,22 @@ TEST(MemoCore, ModifiedFollowsTheSaveMarkAndASlaveAnswersForItsMaster) {
   EXPECT_EQ(slaveChanges, 1);
 }
 
+TEST(MemoCore, ASplitPartnersSelectionOutlivesTheOtherViewsRepaintsAndStaysInTheText) {
+  TOrlMemo master;
+  TOrlMemo slave;
+  slave.AssignSplitMemo(&master, true);
+  master.SetText(u"one\r\ntwo\r\nthree");
+  slave.SetSelection2(1, 0, 3, 2, false);
+  master.DoEnter();  // the master becomes the active view
+  ASSERT_TRUE(master.FActiveSplitView);
+  master.Invalidate();
+  EXPECT_EQ(slave.GetSelection(), (TOrderedSelection{1, 0, 3, 2}));
+  master.Lines().DeleteLinesSilent(1, 2, false);  // the other view's edit shortens the text
+  master.Invalidate();
+  EXPECT_TRUE(slave.HasSelection());
+  EXPECT_EQ(slave.GetSelection().EndY, 0);
+}
+
 TEST(MemoCore, TimersRunAtTheirIntervalsAndStopWhenTheMemoCloses) {
   THeadlessWindow window;
   {
