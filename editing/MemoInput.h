@@ -39,15 +39,8 @@ enum class TMouseButton : uint8_t { mbLeft, mbRight, mbMiddle };
 
 /// Parts of the editor that caret and selection code calls but does not own.
 struct TMemoHooks {
-  // Text commands.
-  std::function<void(char16_t ch)> InsertChar;
-  std::function<void()> InsertTab, EnterPress, DeleteChar, Backspace, DeleteSelection;
-  std::function<void()> DuplicateCurrentLine, DeleteCurrentLine;
-  std::function<void(bool bShift)> IndentSelectedBlock, UnIndentSelectedBlock;
-  std::function<void()> UnIndentFromCursor;
+  // Clipboard.
   std::function<void()> CopyToClipboard, PasteFromClipboard, CutToClipboard;
-  /// Trailing blanks of a row the caret left; it changes text, so it needs an undo record.
-  std::function<void(int line)> RemoveTrailing;
   // Undo.
   std::function<void()> Undo, Redo;
   // Completion and hints.

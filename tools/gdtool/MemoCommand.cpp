@@ -13,6 +13,7 @@
 
 #include "Console.h"
 #include "MemoScript.h"
+#include "MemoTextCommands.h"
 #include "editing/HeadlessWindow.h"
 #include "editing/MemoProperties.h"
 #include "editing/OrlMemo.h"
@@ -41,21 +42,29 @@ const char* const kMemoHelp =
     "                             Tab Enter Backspace Delete Insert Escape Space F1..F12,\n"
     "                             letters and digits, with Shift+ Ctrl+ Alt+ prefixes\n"
     "  type \"...\"                 type each character\n"
+    "  alt DIGITS                 type DIGITS on the keypad with Alt held, then let Alt go\n"
+    "  command NAME [ARG...]      run a memo routine that no key reaches:\n"
+    "                             ToggleCommentBlock, CommentBlock \"START\" [\"END\"],\n"
+    "                             UnCommentBlock \"START\" [\"END\"], DeleteLine [INDEX],\n"
+    "                             SelToCase upper|lower|invert|capitalize, RemoveTrailing [LINE],\n"
+    "                             IndentSelectedBlock [full], UnIndentSelectedBlock [full],\n"
+    "                             DuplicateCurrentLine, InsertLine LINE \"TEXT\",\n"
+    "                             InsertText \"TEXT\" [bol], and others (see the README)\n"
     "  mouse down|move|up COL ROW [left|right|middle] [shift] [ctrl] [alt]\n"
     "  dblclick COL ROW           a double click; tripleclick COL ROW a triple one\n"
     "                             (cells of the text area, 0-based, may lie outside)\n"
     "  wheel N                    turn the wheel N notches (above 0: up), 3 lines each\n"
     "  tick MS                    advance the clock: timers and double-click time\n"
     "  set NAME=VALUE             set a property (print options lists them)\n"
-    "  print state|text|rows|options\n"
+    "  print state|text|rows|options|undo\n"
     "print state writes one JSON object on one line:\n"
     "  {\"caret\":[CurX,CurY],\"sel\":[SelStartX,SelStartY,SelEndX,SelEndY],\"top\":TopLine,\n"
     "   \"left\":LeftCol,\"rows\":RowCount,\"modified\":false,\"overwrite\":false,\"text\":\"...\"}\n"
     "When the script prints nothing, the state is printed once at the end.\n"
     "The memo starts as a host creates it: ProcessShortcuts is off, so Home, End,\n"
     "Page Up/Down and Ctrl shortcuts do nothing until 'set ProcessShortcuts=1'.\n"
-    "Typing, Tab, Enter and the deleting keys reach the text commands, which come\n"
-    "with a later version; until then they leave the text as it is.\n"
+    "print undo lists the undo records, oldest first, one a line: the class, the\n"
+    "text it keeps, then the caret before and after (\"from X0 Y0 to X Y\").\n"
     "\n"
     "Exit status: 0 fine, 1 a file could not be read, 2 bad arguments or a bad\n"
     "script line (named with its number).\n";
@@ -214,6 +223,11 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     FMemo.SetSelection2(Int(words[1]), Int(words[2]), Int(words[3]), Int(words[4]), true);
   } else if (command == "keys") {
     Keys(words);
+  } else if (command == "alt") {
+    Need(words, 2, "alt DIGITS");
+    TypeAltCode(FMemo, words[1].Text);
+  } else if (command == "command") {
+    RunTextCommand(FMemo, words);
   } else if (command == "type") {
     Need(words, 2, "type \"...\"");
     Type(words[1].Text);
@@ -235,7 +249,7 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     if (eq == std::string::npos) throw EScriptError("usage: set NAME=VALUE");
     if (!SetMemoProperty(FMemo, assignment.substr(0, eq), assignment.substr(eq + 1), error)) throw EScriptError(error);
   } else if (command == "print") {
-    Need(words, 2, "print state|text|rows|options");
+    Need(words, 2, "print state|text|rows|options|undo");
     Print(Out(words[1].Text));
   } else {
     throw EScriptError("unknown command '" + command + "'");
@@ -335,10 +349,12 @@ void TMemoDriver::Print(const std::string& what) {
       if (lines.GetHiddenLine(i)) FOut << " H";
       FOut << "\n";
     }
+  } else if (what == "undo") {
+    PrintUndoRecords(FMemo, FOut);
   } else if (what == "options") {
     for (const auto& [name, value] : MemoPropertyValues(FMemo)) FOut << name << "=" << value << "\n";
   } else {
-    throw EScriptError("print takes state, text, rows or options");
+    throw EScriptError("print takes state, text, rows, options or undo");
   }
 }
 
