@@ -121,7 +121,8 @@ void TOrlCustomMemo::RemoveTrailing(int line) {
   std::u16string cut = lines.RemoveTrailingBlanks(line, false);
   if (cut.empty()) return;
   auto record = std::make_unique<TRemoveTrailingUndo>();
-  FillUndo(*record, length, line, length - int(cut.size()), line, std::move(cut));
+  const int kept = length - int(cut.size());
+  FillUndo(*record, length, line, kept, line, std::move(cut));
   AddUndo(std::move(record));
   RowEdited(line);
 }
