@@ -22,7 +22,11 @@ bool EndsWord(char16_t ch) { return ch > 255 || u_isalnum(ch); }
 
 TStyleProperties TOrlCustomMemo::StateAtCaret() {
   TStyle style = GetUpStyle(FCurY - 1, false);
-  if (FCurX > 0) GetUpLineStyle(FCurY, 0, FCurX, style, false);
+  // A scan that reaches the row's end closes what ends with the row (a line
+  // comment), so at the end the scan stops one character short.
+  const int length = InternalLines().GetLineLength(FCurY);
+  const int stop = FCurX >= length ? length - 1 : FCurX;
+  if (stop > 0) GetUpLineStyle(FCurY, 0, stop, style, false);
   return style.Properties;
 }
 

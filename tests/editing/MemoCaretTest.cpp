@@ -72,6 +72,7 @@ TEST_F(MemoCaret, OneKeyReachesItsCommandOnceAndAltGrTypes) {
   memo.SetText(u"");
   memo.SetTextCursor(0, 0, true);
   memo.FTabAsSpaces = false;
+  memo.FAutoIndent = false;
   memo.Hooks.PasteFromClipboard = [&] { ++pastes; };
   memo.Hooks.RecordMacro = [&](int code, int) { selectAll += code == 63; };
   memo.FProcessShortcuts = true;
