@@ -19,13 +19,14 @@ declare -A seeds=(
   [definition_fuzz]="data/host/syntax"
   [line_store_fuzz]="tests/fuzz/seeds/line_store"
   [tokeniser_fuzz]="tests/fuzz/corpus tests/fuzz/seeds/tokeniser"
+  [memo_commands_fuzz]="tests/fuzz/seeds/memo_commands"
 )
 
 cmake -S . -B "$build" -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DORL_FUZZ=ON \
   -DORL_BUILD_BENCH=OFF >/dev/null
 cmake --build "$build" -j "$jobs" --target fuzz_targets
 
-for target in convert_fuzz definition_fuzz line_store_fuzz tokeniser_fuzz; do
+for target in convert_fuzz definition_fuzz line_store_fuzz tokeniser_fuzz memo_commands_fuzz; do
   corpus="$build/corpus/$target"
   mkdir -p "$corpus"
   echo "fuzz: $target for $seconds s"
