@@ -79,12 +79,14 @@ void TOrlCustomMemo::CommentBlock(std::u16string_view Value, std::u16string_view
   auto record = std::make_unique<TBlockCommentUndo>();
   record->FStartString = Value;
   record->FEndString = value2;
-  const int x0 = FCurX, y0 = FCurY;
+  // A block pair keeps where it went; line comments keep the caret and the rows.
+  int x0 = FCurX, y0 = FCurY;
   const bool bSelection = HasSelection();
-  int firstRow = FCurY;
+  int firstRow = FCurY, lastRow = FCurY;
   if (value2.empty() && bSelection) {
     const TBlockRows block = SelectedBlockRows();
     firstRow = block.First;
+    lastRow = block.Last;
     std::vector<int> shifts;
     for (int line = block.First; line <= block.Last; ++line) {
       const bool bTakesPart = !lines.ReadLineAttribute(line).Wrapped();
@@ -102,6 +104,9 @@ void TOrlCustomMemo::CommentBlock(std::u16string_view Value, std::u16string_view
   } else {
     const TOrderedSelection range = CommentRange();
     firstRow = range.StartY;
+    lastRow = range.EndY;
+    x0 = range.StartX;
+    y0 = range.StartY;
     // The end goes in first, so that the start's place still holds.
     lines.InsertAt(range.EndY, value2, range.EndX + 1);
     lines.InsertAt(range.StartY, Value, range.StartX + 1);
@@ -112,6 +117,8 @@ void TOrlCustomMemo::CommentBlock(std::u16string_view Value, std::u16string_view
     if (bSelection) SetSelectionSilent(range.StartX, range.StartY, endX, range.EndY);
   }
   FillUndo(*record, x0, y0, FCurX, FCurY, u"");
+  record->FUndoPos0 = firstRow;
+  record->FUndoPos = lastRow;
   AddUndo(std::move(record));
   ClearLineStylesFrom(firstRow);
   Invalidate();
@@ -124,10 +131,11 @@ void TOrlCustomMemo::UnCommentBlock(std::u16string_view Value, std::u16string_vi
   record->FStartString = Value;
   record->FEndString = value2;
   const int x0 = FCurX, y0 = FCurY;
-  int firstRow = FCurY;
+  int firstRow = FCurY, lastRow = FCurY;
   if (value2.empty()) {
     const TBlockRows block = SelectedBlockRows();
     firstRow = block.First;
+    lastRow = block.Last;
     std::vector<int> shifts;
     for (int line = block.First; line <= block.Last; ++line) {
       const bool bMarked = lines.GetLineString(line).starts_with(Value);
@@ -145,6 +153,7 @@ void TOrlCustomMemo::UnCommentBlock(std::u16string_view Value, std::u16string_vi
         lines.GetText(range.StartY, range.EndY, range.StartX + 1, range.EndX, FBinaryMode, true, false);
     if (text.size() < Value.size() + value2.size() || !text.starts_with(Value) || !text.ends_with(value2)) return;
     firstRow = range.StartY;
+    lastRow = range.EndY;
     lines.DeleteAt(range.EndY, range.EndX - int(value2.size()) + 1, int(value2.size()));
     lines.DeleteAt(range.StartY, range.StartX + 1, int(Value.size()));
     const int endX = range.EndX - int(value2.size()) - (range.EndY == range.StartY ? int(Value.size()) : 0);
@@ -159,6 +168,8 @@ void TOrlCustomMemo::UnCommentBlock(std::u16string_view Value, std::u16string_vi
     if (bSelection) SetSelectionSilent(range.StartX, range.StartY, endX, range.EndY);
   }
   FillUndo(*record, x0, y0, FCurX, FCurY, u"");
+  record->FUndoPos0 = firstRow;
+  record->FUndoPos = lastRow;
   AddUndo(std::move(record));
   ClearLineStylesFrom(firstRow);
   Invalidate();

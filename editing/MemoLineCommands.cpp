@@ -75,7 +75,8 @@ void TOrlCustomMemo::DeleteLine(int index) {
   const bool bWasHalted = SuspendThread(true);
   auto record = std::make_unique<TDeleteLineUndo>();
   record->SetSelection(*this, FSelStartX, FSelStartY, FSelEndX, FSelEndY);
-  FillUndo(*record, FCurX, FCurY, 0, first, RowsText(first, last));
+  // The rows go back in at UndoCurY0.
+  FillUndo(*record, 0, first, 0, first, RowsText(first, last));
   AddUndo(std::move(record));
   const bool bAllRows = first == 0 && last == lines.Count() - 1;
   // The store keeps one row: deleting every row empties the first instead.
@@ -95,6 +96,8 @@ void TOrlCustomMemo::InsertLine(int line, std::u16string_view Text) {
   if (FReadOnly || FSyncEdit) return;
   TOrlMemoStrings& lines = InternalLines();
   line = std::clamp(line, 0, lines.Count());
+  // One row: a line end in the text would hide inside it.
+  Text = Text.substr(0, Text.find_first_of(u"\r\n"));
   const bool bWasHalted = SuspendThread(true);
   lines.InsertSilent(line, Text);
   RaiseMaxLength(int(Text.size()));

@@ -171,7 +171,7 @@ std::u16string TOrlCustomMemo::AutoIndentText() {
 }
 
 void TOrlCustomMemo::EnterPress() {
-  if (FReadOnly || FSyncEdit) return;
+  if (FReadOnly || FSyncEdit || (FColumnMode && HasSelection() && FSelStartY != FSelEndY)) return;
   if (FBinaryMode) {
     InsertChar(u'\r');
     InsertChar(u'\n');

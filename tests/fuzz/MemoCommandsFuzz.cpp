@@ -5,6 +5,7 @@
 
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "editing/HeadlessWindow.h"
@@ -14,8 +15,12 @@ namespace {
 
 using namespace orl;
 
-void Require(bool bHolds) {
-  if (!bHolds) std::abort();
+// clang 14 has no std::source_location: the line comes by macro.
+#define Require(bHolds) RequireAt(bHolds, __LINE__)
+void RequireAt(bool bHolds, int line) {
+  if (bHolds) return;
+  std::fprintf(stderr, "invariant of line %d broken\n", line);
+  std::abort();
 }
 
 // Characters that meet every rule of the commands: blanks and tabs for
