@@ -116,12 +116,7 @@ void TOrlCustomMemo::CommentBlock(std::u16string_view Value, std::u16string_view
     SetCursor(endX, range.EndY, false);
     if (bSelection) SetSelectionSilent(range.StartX, range.StartY, endX, range.EndY);
   }
-  FillUndo(*record, x0, y0, FCurX, FCurY, u"");
-  record->FUndoPos0 = firstRow;
-  record->FUndoPos = lastRow;
-  AddUndo(std::move(record));
-  ClearLineStylesFrom(firstRow);
-  Invalidate();
+  AddBlockUndo(std::move(record), x0, y0, firstRow, lastRow, u"");
 }
 
 void TOrlCustomMemo::UnCommentBlock(std::u16string_view Value, std::u16string_view value2) {
@@ -167,12 +162,7 @@ void TOrlCustomMemo::UnCommentBlock(std::u16string_view Value, std::u16string_vi
     SetCursor(endX, range.EndY, false);
     if (bSelection) SetSelectionSilent(range.StartX, range.StartY, endX, range.EndY);
   }
-  FillUndo(*record, x0, y0, FCurX, FCurY, u"");
-  record->FUndoPos0 = firstRow;
-  record->FUndoPos = lastRow;
-  AddUndo(std::move(record));
-  ClearLineStylesFrom(firstRow);
-  Invalidate();
+  AddBlockUndo(std::move(record), x0, y0, firstRow, lastRow, u"");
 }
 
 } // namespace orl

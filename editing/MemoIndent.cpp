@@ -71,16 +71,21 @@ void TOrlCustomMemo::IndentSelectedBlock(bool bFullLines) {
     RaiseMaxLength(lines.GetLineLength(line));
     ChangeLineHistory(line);
   }
-  auto record = std::make_unique<TBlockIndentUndo>();
+  if (!bWasHalted) SuspendThread(false);
   const int x0 = FCurX, y0 = FCurY;
   ShiftSelectionColumns(shifts, block.First, bFullLines);
   const std::string count = std::to_string(step);
-  FillUndo(*record, x0, y0, FCurX, FCurY, FTabAsSpaces ? std::u16string(count.begin(), count.end()) : u"$");
-  record->FUndoPos0 = block.First;
-  record->FUndoPos = block.Last;
+  AddBlockUndo(std::make_unique<TBlockIndentUndo>(), x0, y0, block.First, block.Last,
+               FTabAsSpaces ? std::u16string(count.begin(), count.end()) : u"$");
+}
+
+void TOrlCustomMemo::AddBlockUndo(std::unique_ptr<TUndo> record, int x0, int y0, int firstRow, int lastRow,
+                                  std::u16string text) {
+  FillUndo(*record, x0, y0, FCurX, FCurY, std::move(text));
+  record->FUndoPos0 = firstRow;
+  record->FUndoPos = lastRow;
   AddUndo(std::move(record));
-  ClearLineStylesFrom(block.First);
-  if (!bWasHalted) SuspendThread(false);
+  ClearLineStylesFrom(firstRow);
   Invalidate();
 }
 
@@ -106,15 +111,10 @@ void TOrlCustomMemo::UnIndentSelectedBlock(bool bFullLines) {
     lines.DeleteAt(line, 1, removed);
     ChangeLineHistory(line);
   }
+  if (!bWasHalted) SuspendThread(false);
   const int x0 = FCurX, y0 = FCurY;
   ShiftSelectionColumns(shifts, block.First, bFullLines);
-  FillUndo(*record, x0, y0, FCurX, FCurY, u"");
-  record->FUndoPos0 = block.First;
-  record->FUndoPos = block.Last;
-  AddUndo(std::move(record));
-  ClearLineStylesFrom(block.First);
-  if (!bWasHalted) SuspendThread(false);
-  Invalidate();
+  AddBlockUndo(std::move(record), x0, y0, block.First, block.Last, u"");
 }
 
 void TOrlCustomMemo::UnIndentFromCursor() {

@@ -5,23 +5,17 @@
 
 #include "editing/OrlMemo.h"
 #include "editing/UndoRecords.h"
+#include "platform/CodePages.h"
 
 namespace orl {
 
 namespace {
 
-/// The lines of a text, split at CR LF, LF or CR.
-std::vector<std::u16string_view> SplitAtLineEnds(std::u16string_view text) {
-  std::vector<std::u16string_view> pieces;
-  size_t start = 0;
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != u'\r' && text[i] != u'\n') continue;
-    pieces.push_back(text.substr(start, i - start));
-    if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
-    start = i + 1;
-  }
-  pieces.push_back(text.substr(start));
-  return pieces;
+/// The lines of a text, split at CR LF, LF or CR; a final line end leaves an empty last line.
+std::vector<std::u16string> LinesOf(std::u16string_view text) {
+  std::vector<std::u16string> lines = SplitLines(text);
+  if (text.empty() || text.back() == u'\r' || text.back() == u'\n') lines.emplace_back();
+  return lines;
 }
 
 } // namespace
@@ -57,7 +51,7 @@ std::u16string TOrlCustomMemo::TabsForInsert(std::u16string_view head, std::u16s
 
 int TOrlCustomMemo::SpliceLines(int x, int y, std::u16string_view AValue, bool bEnter) {
   TOrlMemoStrings& lines = InternalLines();
-  const std::vector<std::u16string_view> pieces = SplitAtLineEnds(AValue);
+  const std::vector<std::u16string> pieces = LinesOf(AValue);
   const std::u16string row(lines.GetLineString(y));
   std::u16string head = row.substr(0, std::min<size_t>(size_t(x), row.size()));
   if (size_t(x) > row.size() && !WrapOn() && !FNotepadCursor) head.append(size_t(x) - row.size(), u' ');
@@ -177,7 +171,7 @@ void TOrlCustomMemo::InsertTextAtXY(std::u16string_view AValue, int x, int Y) {
 void TOrlCustomMemo::InsertIndentedText(std::u16string_view s) {
   const std::u16string indent(size_t(std::max(FCurX, 0)), u' ');
   std::u16string text;
-  const std::vector<std::u16string_view> pieces = SplitAtLineEnds(s);
+  const std::vector<std::u16string> pieces = LinesOf(s);
   for (size_t i = 0; i < pieces.size(); ++i) {
     if (i > 0) text += u"\r\n" + indent;
     text += pieces[i];

@@ -697,6 +697,9 @@ private:
   TOrderedSelection CommentRange();
   /// Each word's first letter in title case, the others in lower case.
   std::u16string Capitalized(std::u16string_view text) const;
+  /// Ends a command over a block of rows: the record gets the caret before
+  /// and after and the rows, goes to the undo list, and the rows rescan and repaint.
+  void AddBlockUndo(std::unique_ptr<TUndo> record, int x0, int y0, int firstRow, int lastRow, std::u16string text);
   // ---- Text commands: helpers (end) ----
 
   void HookStore(TOrlMemoStrings& store);

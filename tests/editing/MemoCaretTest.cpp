@@ -5,8 +5,7 @@
 
 #include <set>
 
-#include "editing/HeadlessWindow.h"
-#include "editing/OrlMemo.h"
+#include "HeadlessMemoTest.h"
 
 namespace orl {
 namespace {
@@ -14,37 +13,7 @@ namespace {
 constexpr int W = THeadlessWindow::kCellW;
 constexpr int H = THeadlessWindow::kCellH;
 
-class MemoCaret : public ::testing::Test {
-protected:
-  MemoCaret() {
-    window.Client = {0, 0, 81 * W + 1, 10 * H};  // 80 columns, 10 rows
-    memo.ResizeEditor();
-    memo.FocusGained();
-  }
-  void Press(int key, TShiftState shift = 0, char16_t ch = 0) {
-    int k = key;
-    memo.KeyDown(k, shift);
-    if (ch) memo.KeyPress(ch);
-    memo.KeyUp(key, shift);
-  }
-  /// Screen rows the recorded invalidations cover, and then forgets them.
-  std::set<int> RepaintedRows() {
-    std::set<int> rows;
-    for (const TRect& r : window.Invalidated)
-      for (int y = r.Top; y < r.Bottom; y += H) rows.insert(y / H);
-    window.Invalidated.clear();
-    window.InvalidatedAll = 0;
-    return rows;
-  }
-  /// Pixel of the left part of cell (col, row) of the text area.
-  TPoint Cell(int col, int row) {
-    const TRect area = memo.EditorRect(true, -1);
-    return {area.Left + col * W + 1, area.Top + row * H + H / 2};
-  }
-
-  THeadlessWindow window;
-  TOrlMemo memo{&window};
-};
+class MemoCaret : public test::HeadlessMemoTest {};
 
 TEST_F(MemoCaret, MovingBetweenRowsRepaintsExactlyTheTwoRows) {
   memo.SetText(u"one\r\ntwo\r\nthree\r\nfour");

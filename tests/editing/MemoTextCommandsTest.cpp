@@ -6,40 +6,16 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <set>
 
-#include "editing/HeadlessWindow.h"
-#include "editing/OrlMemo.h"
+#include "HeadlessMemoTest.h"
 #include "editing/UndoRecords.h"
 #include "syntax/OrlSyntax.h"
 
 namespace orl {
 namespace {
 
-constexpr int W = THeadlessWindow::kCellW;
-constexpr int H = THeadlessWindow::kCellH;
-
-class MemoTextCommands : public ::testing::Test {
+class MemoTextCommands : public test::HeadlessMemoTest {
 protected:
-  MemoTextCommands() {
-    window.Client = {0, 0, 81 * W + 1, 10 * H};
-    memo.ResizeEditor();
-    memo.FocusGained();
-  }
-  void Press(int key, TShiftState shift = 0, char16_t ch = 0) {
-    int k = key;
-    memo.KeyDown(k, shift);
-    if (ch) memo.KeyPress(ch);
-    memo.KeyUp(key, shift);
-  }
-  std::set<int> RepaintedRows() {
-    std::set<int> rows;
-    for (const TRect& r : window.Invalidated)
-      for (int y = r.Top; y < r.Bottom; y += H) rows.insert(y / H);
-    window.Invalidated.clear();
-    window.InvalidatedAll = 0;
-    return rows;
-  }
   /// Every row's end state marked as cached, as after a full scan.
   void CacheAllLineStyles() {
     for (int i = 0; i < memo.Lines().Count(); ++i) {
@@ -54,9 +30,6 @@ protected:
     ASSERT_NE(memo.FStyles, nullptr);
   }
   const TUndo& Newest() { return memo.FUndoList->Get(0); }
-
-  THeadlessWindow window;
-  TOrlMemo memo{&window};
 };
 
 TEST_F(MemoTextCommands, TypingRepaintsTheEditedRowAndInvalidatesStatesFromIt) {

@@ -3,7 +3,6 @@
 // Each script line is one command; what it prints is a contract that later
 // commands extend and never change.
 
-#include <charconv>
 #include <cctype>
 #include <iostream>
 #include <map>
@@ -171,7 +170,6 @@ public:
   void PrintState();
 
 private:
-  static int Int(const TScriptWord& word);
   void Need(const std::vector<TScriptWord>& words, size_t count, const char* usage);
   void Keys(const std::vector<TScriptWord>& words);
   void Press(const TKeyStroke& stroke);
@@ -187,15 +185,6 @@ private:
   bool FPrinted = false;
 };
 
-int TMemoDriver::Int(const TScriptWord& word) {
-  const std::string text = Out(word.Text);
-  int value = 0;
-  const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (word.bQuoted || ec != std::errc() || end != text.data() + text.size())
-    throw EScriptError("'" + text + "' is no number");
-  return value;
-}
-
 void TMemoDriver::Need(const std::vector<TScriptWord>& words, size_t count, const char* usage) {
   if (words.size() != count) throw EScriptError(std::string("usage: ") + usage);
 }
@@ -209,18 +198,18 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     FMemo.SetText(words[1].Text);
   } else if (command == "caret") {
     Need(words, 3, "caret X Y");
-    FMemo.SetTextCursor(Int(words[1]), Int(words[2]), true);
+    FMemo.SetTextCursor(ScriptNumber(words[1]), ScriptNumber(words[2]), true);
     FMemo.FOldCurX = FMemo.TextLength(FMemo.CurY(), FMemo.CurX(), false, false);
   } else if (command == "caret!") {
     Need(words, 3, "caret! X Y");
-    const int x = Int(words[1]), y = Int(words[2]);
+    const int x = ScriptNumber(words[1]), y = ScriptNumber(words[2]);
     // The fields take what they are given, so only a place inside the text is given to them.
     if (x < 0 || y < 0 || y >= FMemo.InternalLines().Count())
       throw EScriptError("caret! needs a row of the text and a column from 0");
     FMemo.SetTextCursorValues(x, y);
   } else if (command == "sel") {
     Need(words, 5, "sel SX SY EX EY");
-    FMemo.SetSelection2(Int(words[1]), Int(words[2]), Int(words[3]), Int(words[4]), true);
+    FMemo.SetSelection2(ScriptNumber(words[1]), ScriptNumber(words[2]), ScriptNumber(words[3]), ScriptNumber(words[4]), true);
   } else if (command == "keys") {
     Keys(words);
   } else if (command == "alt") {
@@ -235,10 +224,10 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     Mouse(words);
   } else if (command == "wheel") {
     Need(words, 2, "wheel N");
-    FMemo.MouseWheel(0, Int(words[1]), 3);
+    FMemo.MouseWheel(0, ScriptNumber(words[1]), 3);
   } else if (command == "tick") {
     Need(words, 2, "tick MS");
-    const int ms = Int(words[1]);
+    const int ms = ScriptNumber(words[1]);
     if (ms < 0 || ms > 3'600'000) throw EScriptError("tick takes 0 to 3600000 ms");
     FWindow.Advance(ms);
   } else if (command == "set") {
@@ -297,7 +286,7 @@ void TMemoDriver::Mouse(const std::vector<TScriptWord>& words) {
   const std::string command = Out(words[0].Text);
   if (command != "mouse") {
     Need(words, 3, (command + " COL ROW").c_str());
-    const TPoint p = CellToPixel(Int(words[1]), Int(words[2]));
+    const TPoint p = CellToPixel(ScriptNumber(words[1]), ScriptNumber(words[2]));
     Click(p, 0);
     FMemo.DblClick(0, p.X, p.Y);
     FMemo.MouseUp(TMouseButton::mbLeft, 0, p.X, p.Y);
@@ -307,7 +296,7 @@ void TMemoDriver::Mouse(const std::vector<TScriptWord>& words) {
   if (words.size() < 4)
     throw EScriptError("usage: mouse down|move|up COL ROW [left|right|middle] [shift] [ctrl] [alt]");
   const std::string action = Out(words[1].Text);
-  const TPoint p = CellToPixel(Int(words[2]), Int(words[3]));
+  const TPoint p = CellToPixel(ScriptNumber(words[2]), ScriptNumber(words[3]));
   TMouseButton button = TMouseButton::mbLeft;
   TShiftState shift = 0;
   for (size_t i = 4; i < words.size(); ++i) {

@@ -1,6 +1,5 @@
 #include "MemoTextCommands.h"
 
-#include <charconv>
 #include <functional>
 #include <map>
 #include <ostream>
@@ -21,15 +20,6 @@ struct TTextCommand {
   size_t MinArgs, MaxArgs;
   std::function<void(TOrlMemo&, const TArgs&)> Run;
 };
-
-int Number(const TScriptWord& word) {
-  const std::string text = Out(word.Text);
-  int value = 0;
-  const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (word.bQuoted || ec != std::errc() || end != text.data() + text.size())
-    throw EScriptError("'" + text + "' is no number");
-  return value;
-}
 
 const std::u16string& Quoted(const TScriptWord& word) {
   if (!word.bQuoted) throw EScriptError("'" + Out(word.Text) + "' must be a quoted string");
@@ -63,7 +53,7 @@ const std::map<std::string, TTextCommand>& Commands() {
         [](M& m, const TArgs& a) { m.CommentBlock(Quoted(a[0]), a.size() > 1 ? Quoted(a[1]) : u""); }}},
       {"DeleteChar", {"", 0, 0, [](M& m, const TArgs&) { m.DeleteChar(-1, -1); }}},
       {"DeleteCurrentLine", {"", 0, 0, [](M& m, const TArgs&) { m.DeleteCurrentLine(); }}},
-      {"DeleteLine", {"[INDEX]", 0, 1, [](M& m, const TArgs& a) { m.DeleteLine(a.empty() ? -1 : Number(a[0])); }}},
+      {"DeleteLine", {"[INDEX]", 0, 1, [](M& m, const TArgs& a) { m.DeleteLine(a.empty() ? -1 : ScriptNumber(a[0])); }}},
       {"DuplicateCurrentLine", {"", 0, 0, [](M& m, const TArgs&) { m.DuplicateCurrentLine(); }}},
       {"EncloseSelection", {"\"C\"", 1, 1, [](M& m, const TArgs& a) { m.EncloseSelection(Quoted(a[0])); }}},
       {"EnterPress", {"", 0, 0, [](M& m, const TArgs&) { m.EnterPress(); }}},
@@ -71,15 +61,15 @@ const std::map<std::string, TTextCommand>& Commands() {
        {"[full]", 0, 1, [](M& m, const TArgs& a) { m.IndentSelectedBlock(Flag(a, 0, "full")); }}},
       {"InsertIndentedText", {"\"TEXT\"", 1, 1, [](M& m, const TArgs& a) { m.InsertIndentedText(Quoted(a[0])); }}},
       {"InsertLine",
-       {"LINE \"TEXT\"", 2, 2, [](M& m, const TArgs& a) { m.InsertLine(Number(a[0]), Quoted(a[1])); }}},
+       {"LINE \"TEXT\"", 2, 2, [](M& m, const TArgs& a) { m.InsertLine(ScriptNumber(a[0]), Quoted(a[1])); }}},
       {"InsertTab", {"", 0, 0, [](M& m, const TArgs&) { m.InsertTab(); }}},
       {"InsertText",
        {"\"TEXT\" [bol]", 1, 2, [](M& m, const TArgs& a) { m.InsertText(Quoted(a[0]), Flag(a, 1, "bol")); }}},
       {"InsertTextAtXY",
        {"\"TEXT\" X Y", 3, 3,
-        [](M& m, const TArgs& a) { m.InsertTextAtXY(Quoted(a[0]), Number(a[1]), Number(a[2])); }}},
+        [](M& m, const TArgs& a) { m.InsertTextAtXY(Quoted(a[0]), ScriptNumber(a[1]), ScriptNumber(a[2])); }}},
       {"RemoveTrailing",
-       {"[LINE]", 0, 1, [](M& m, const TArgs& a) { m.RemoveTrailing(a.empty() ? m.CurY() : Number(a[0])); }}},
+       {"[LINE]", 0, 1, [](M& m, const TArgs& a) { m.RemoveTrailing(a.empty() ? m.CurY() : ScriptNumber(a[0])); }}},
       {"SelToCase", {"upper|lower|invert|capitalize", 1, 1, [](M& m, const TArgs& a) { m.SelToCase(CaseType(a[0])); }}},
       {"ToggleCommentBlock", {"", 0, 0, [](M& m, const TArgs&) { m.ToggleCommentBlock(); }}},
       {"UnCommentBlock",
