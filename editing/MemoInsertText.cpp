@@ -123,15 +123,8 @@ void TOrlCustomMemo::ReplaceSelectionText(std::u16string_view AValue, bool bEnte
   const int endY = SpliceLines(startX, startY, AValue, bEnter);
   const int endX = FCurX;
   FLetRefresh = bSavedRefresh;
-  const bool bMoveCaret = bEnter || !FPasteDoNotMoveCursor;
-  if (!bMoveCaret) FCurX = savedX;
-  FCurY = bMoveCaret ? endY : startY;
-  ClearSelection(false);
-  if (bSelectInserted) SetSelectionSilent(startX, startY, endX, endY);
-  if (endY != startY) LinesChanged(false, false, true);
-  else SetCurX(FCurX);
-  if (!bSelectInserted) FOldCurX = TextLength(FCurY, FCurX, false, false);
-
+  // The record goes in before the caret moves: leaving the row may cut its
+  // trailing blanks, and that record must come after this one.
   if (record) {
     const int x0 = bKeepCursorInUndo ? caretX0 : startX, y0 = bKeepCursorInUndo ? caretY0 : startY;
     if (record->Kind() == TUndoKind::Replace) {
@@ -143,6 +136,13 @@ void TOrlCustomMemo::ReplaceSelectionText(std::u16string_view AValue, bool bEnte
     record->FInsertAtBOL = bInsertAtBOL;
     AddUndo(std::move(record));
   }
+  SetTextCursorValues(savedX, startY);
+  // A whole line pasted above the caret's row leaves the caret in its column.
+  if (bEnter || !FPasteDoNotMoveCursor) SetTextCursor(bInsertAtBOL ? savedX : endX, endY, false);
+  ClearSelection(false);
+  if (bSelectInserted) SetSelectionSilent(startX, startY, endX, endY);
+  if (endY != startY) LinesChanged(false, false, true);
+  if (!bSelectInserted) FOldCurX = TextLength(FCurY, FCurX, false, false);
   if (!bWasHalted) SuspendThread(false);
   if (!WrapOn() && FLetRefresh) {
     if (bEnter) InvalidateLines(startY, std::max(LastVisibleLine(), endY));

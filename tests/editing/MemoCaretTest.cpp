@@ -42,6 +42,7 @@ TEST_F(MemoCaret, OneKeyReachesItsCommandOnceAndAltGrTypes) {
   memo.SetTextCursor(0, 0, true);
   memo.FTabAsSpaces = false;
   memo.FAutoIndent = false;
+  memo.FKeepTrailing = true;  // the tab stays on the row Enter leaves
   memo.Hooks.PasteFromClipboard = [&] { ++pastes; };
   memo.Hooks.RecordMacro = [&](int code, int) { selectAll += code == 63; };
   memo.FProcessShortcuts = true;
