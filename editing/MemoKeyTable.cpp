@@ -113,8 +113,12 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
         else if (FCurX > 0) UnIndentFromCursor();
         return true;
       }
-      if (bMultiRow && !FColumnMode && !FBinaryMode) IndentSelectedBlock(true);
-      else InsertTab();
+      if (bMultiRow && !FColumnMode && !FBinaryMode) {
+        IndentSelectedBlock(true);
+      } else {
+        CompleteWord();
+        InsertTab();
+      }
       Run(Hooks.RecordMacro, 3, 0);
       return true;
     case vkBack:
@@ -163,7 +167,10 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
       }
       return false;
     case vkReturn:
-      if (bEditable) EnterPress();
+      if (bEditable) {
+        CompleteWord();
+        EnterPress();
+      }
       Run(Hooks.RecordMacro, 4, 0);
       return true;
     default: return false;

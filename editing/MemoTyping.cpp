@@ -23,7 +23,9 @@ void TOrlCustomMemo::KeyPress(char16_t ch) {
   if (ch < 32 || ch == 127) return;  // its key already acted
   if (EncloseSelection(ch)) return;
   if (FReadOnly || FHexView || !FAltCode.empty()) return;
+  if (ch == u' ') CompleteWord();
   const bool bHadSelection = HasSelection();
+  FHighlightFinds.Clear();
   ClearLineStylesFrom(FCurY);
   if (Hooks.RecordMacro) Hooks.RecordMacro(FOverwrite ? 46 : 0, ch);
   if (!FRecordMacro && !bHadSelection && !FColumnMode && AutoCloseBraces(ch)) return;
@@ -32,6 +34,18 @@ void TOrlCustomMemo::KeyPress(char16_t ch) {
   if (FStyles && !bHadSelection) AutoCloseBlocks(ch);
   if (bHadSelection) return;
   if (Hooks.ShowParameterHint && (ch == u'(' || ch == u')')) Hooks.ShowParameterHint();
+}
+
+void TOrlCustomMemo::CompleteWord() {
+  if (FRecordMacro || !OnWordComplete || HasSelection()) return;
+  const std::u16string word = LeftWordAtCursor();
+  if (word.empty()) return;
+  std::u16string NewWord = word;
+  OnWordComplete(word, NewWord);
+  if (NewWord == word) return;
+  // Through the selection, so that the replacement is a step of its own to undo.
+  SetSelectionSilent(FCurX - int(word.size()), FCurY, FCurX, FCurY);
+  SetSelectionText(NewWord);
 }
 
 std::u16string TOrlCustomMemo::TypedText(char16_t C) const {

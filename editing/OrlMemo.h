@@ -700,6 +700,9 @@ private:
   /// Ends a command over a block of rows: the record gets the caret before
   /// and after and the rows, goes to the undo list, and the rows rescan and repaint.
   void AddBlockUndo(std::unique_ptr<TUndo> record, int x0, int y0, int firstRow, int lastRow, std::u16string text);
+  /// A blank, Tab or Enter ends the word left of the caret: the host may
+  /// replace it (OnWordComplete).
+  void CompleteWord();
   // ---- Text commands: helpers (end) ----
 
   void HookStore(TOrlMemoStrings& store);

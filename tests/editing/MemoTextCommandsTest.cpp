@@ -232,6 +232,20 @@ TEST_F(MemoTextCommands, TheBlockHookAddsTheEndMark) {
   EXPECT_EQ(memo.CurY(), 1);
 }
 
+TEST_F(MemoTextCommands, ABlankTabOrEnterLetsTheHostReplaceTheWordBefore) {
+  int asked = 0;
+  memo.OnWordComplete = [&](const std::u16string& word, std::u16string& NewWord) {
+    ++asked;
+    if (word == u"teh") NewWord = u"the";
+  };
+  memo.SetText(u"");
+  for (const char16_t ch : std::u16string_view(u"teh cat teh")) memo.KeyPress(ch);
+  Press(vkReturn, 0, u'\r');
+  EXPECT_EQ(memo.Text(), u"the cat the\r\n");
+  EXPECT_EQ(asked, 3);
+  EXPECT_EQ(memo.FUndoList->Get(1).Kind(), TUndoKind::Replace);
+}
+
 TEST_F(MemoTextCommands, CommandsDoNothingInAReadOnlyMemo) {
   memo.SetText(u"  keep\r\nthis");
   memo.SetSelection2(0, 0, 2, 1, false);
