@@ -69,6 +69,7 @@ BENCHMARK(BM_KeystrokeAtRow)->Arg(20)->Arg(kLines - 20);
 void BM_EnterAtRow(benchmark::State& state) {
   TOrlMemo& memo = BigMemo();
   const int row = int(state.range(0));
+  memo.FAutoIndent = false;  // the join below must give back the row as it was
   memo.SetTextCursor(10, row, true);
   int64_t n = 0;
   for (auto _ : state) {
@@ -79,6 +80,23 @@ void BM_EnterAtRow(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_EnterAtRow)->Arg(20)->Arg(kLines - 20);
+
+/// range(0) lines pasted into the middle of the big text and deleted again as a selection.
+void BM_PasteLines(benchmark::State& state) {
+  TOrlMemo& memo = BigMemo();
+  std::u16string text;
+  for (int64_t i = 0; i < state.range(0); ++i) text += u"pasted line\r\n";
+  const int row = kLines / 2;
+  for (auto _ : state) {
+    memo.SetTextCursor(4, row, true);
+    memo.InsertText(text, false);
+    memo.SetSelection2(4, row, 4, row + int(state.range(0)), false);
+    memo.DeleteSelection(true, true, false, false);
+    memo.FUndoList->Clear();
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(BM_PasteLines)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 /// range(0) characters typed into one empty row.
 void BM_TypeLongRow(benchmark::State& state) {

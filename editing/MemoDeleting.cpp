@@ -26,16 +26,13 @@ void TOrlCustomMemo::DeleteSelection(bool bRepaint, bool bUndo, bool bSilent, bo
     SetSelectionSilent(0, 0, 0, 0);
     return;
   }
+  // The row left behind inherits the first bookmark of the range and any line mark.
   int bookmark = -1;
   bool bLinemark = false;
-  for (int line = s.StartY; line <= s.EndY && line - s.StartY < 2; ++line) {
+  for (int line = s.StartY; line <= s.EndY; ++line) {
     const TTextAttribute& row = lines.ReadLineAttribute(line);
     if (bookmark < 0) bookmark = row.Bookmark;
     bLinemark = bLinemark || row.Linemark();
-  }
-  if (s.EndY - s.StartY >= 2) {
-    // Marks on the rows in between: the row left behind inherits the first of them.
-    for (int line = s.StartY + 2; line <= s.EndY && bookmark < 0; ++line) bookmark = lines.ReadLineAttribute(line).Bookmark;
   }
   const bool bWasHalted = SuspendThread(true);
   if (bUndo) {
