@@ -65,7 +65,7 @@ int TOrlCustomMemo::SpliceLines(int x, int y, std::u16string_view AValue, bool b
     return y;
   }
   const int last = y + int(pieces.size()) - 1;
-  if (bEnter && x == 0 && pieces.size() == 2 && pieces.back().empty()) {
+  if (bEnter && x == 0 && pieces.size() == 2 && pieces.front().empty() && pieces.back().empty()) {
     // A line break before the row's text: the new row goes above, so the
     // row keeps its marks and the state cached at its end.
     lines.InsertSilent(y, u"");
@@ -73,19 +73,16 @@ int TOrlCustomMemo::SpliceLines(int x, int y, std::u16string_view AValue, bool b
     FCurX = 0;
     return last;
   }
-  {
-    lines.Put(y, head + first);
-    for (size_t i = 1; i < pieces.size(); ++i) {
-      std::u16string text = TabsForInsert(u"", pieces[i]);
-      if (i + 1 == pieces.size()) text += tail;
-      lines.InsertSilent(y + int(i), text);
-    }
+  lines.Put(y, head + first);
+  for (size_t i = 1; i < pieces.size(); ++i) {
+    std::u16string text = TabsForInsert(u"", pieces[i]);
+    if (i + 1 == pieces.size()) FCurX = int(text.size());
+    lines.InsertSilent(y + int(i), i + 1 == pieces.size() ? text + tail : text);
   }
   for (int line = y; line <= last; ++line) {
     RaiseMaxLength(lines.GetLineLength(line));
     ChangeLineHistory(line);
   }
-  FCurX = int(TabsForInsert(u"", pieces.back()).size());
   return last;
 }
 
