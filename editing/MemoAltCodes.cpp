@@ -28,6 +28,7 @@ bool TOrlCustomMemo::CollectAltCodeDigit(int Key, TShiftState mods) {
 std::u16string TOrlCustomMemo::AltCodeText(std::u16string_view digits, bool bIsASCII, bool bBinaryMode) {
   uint32_t value = 0;
   for (const char16_t digit : digits) value = value * 10 + uint32_t(digit - u'0');
+  if (value == 0) return {};  // a NUL would end the text for every plain reader
   if (value < 32 || digits.size() < 4) {
     // A short code names a byte of the console's code page.
     const char byte = char(value % 256);
@@ -37,7 +38,9 @@ std::u16string TOrlCustomMemo::AltCodeText(std::u16string_view digits, bool bIsA
   if (value < 0x10000) {
     if (!bIsASCII && value >= 128 && value <= 159) {
       const char byte = char(value);
-      return DecodeCodePage(std::string_view(&byte, 1), 1252);
+      const std::u16string mapped = DecodeCodePage(std::string_view(&byte, 1), 1252);
+      // The five bytes the table leaves free stand for themselves.
+      if (mapped.size() == 1 && mapped[0] != u'\uFFFD' && mapped[0] != 0x1A) return mapped;
     }
     return std::u16string(1, char16_t(value));
   }

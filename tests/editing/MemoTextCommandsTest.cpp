@@ -187,6 +187,13 @@ TEST_F(MemoTextCommands, AnAltCodeEndsWithAnyOtherKey) {
   for (int digit : {9, 9, 9, 9, 9, 9, 9, 9, 9}) Press(vkNumpad0 + digit, ssAlt);
   memo.KeyUp(vkMenu, 0);
   EXPECT_EQ(memo.Text(), u"\u00A2\u0082");
+  // A byte that Windows-1252 leaves free stands for itself; a code of 0 types nothing.
+  memo.FIsASCII = false;
+  for (const std::initializer_list<int> code : {std::initializer_list<int>{0, 1, 2, 9}, {0}}) {
+    for (int digit : code) Press(vkNumpad0 + digit, ssAlt);
+    memo.KeyUp(vkMenu, 0);
+  }
+  EXPECT_EQ(memo.Text(), u"\u00A2\u0082\u0081");
 }
 
 TEST_F(MemoTextCommands, CommentsFollowTheDefinition) {
