@@ -85,6 +85,33 @@ TEST_F(MemoTextCommands, AnEmptyRowJoinedToTheNextTakesItsAttributes) {
   EXPECT_EQ(memo.Lines().ReadLineAttribute(0).Bookmark, 7);
 }
 
+TEST_F(MemoTextCommands, TheRowADeletionLeavesKeepsTheMarksOfTheRange) {
+  memo.SetText(u"one\r\ntwo\r\nthree\r\nfour");
+  memo.Lines().GetLineAttribute(2)->Bookmark = 4;
+  memo.Lines().GetLineAttribute(1)->SetLinemark(true);
+  memo.SetSelection2(1, 0, 2, 3, false);
+  Press(vkDelete);
+  ASSERT_EQ(memo.Text(), u"our");
+  EXPECT_EQ(memo.Lines().ReadLineAttribute(0).Bookmark, 4);
+  EXPECT_TRUE(memo.Lines().ReadLineAttribute(0).Linemark());
+  EXPECT_EQ(Newest().FUnicodeText, u"ne\r\ntwo\r\nthree\r\nfo");
+  EXPECT_EQ(memo.CurX(), 1);
+}
+
+TEST_F(MemoTextCommands, OverwritingPastARowsEndPadsAndInserts) {
+  memo.SetText(u"ab");
+  memo.FOverwrite = true;
+  memo.SetTextCursor(4, 0, true);
+  memo.KeyPress(u'z');
+  EXPECT_EQ(memo.Text(), u"ab  z");
+  EXPECT_EQ(Newest().Kind(), TUndoKind::InsertChar);
+  // A tab as blanks writes nothing over: the caret goes to the next stop within the row.
+  memo.SetTextCursor(1, 0, true);
+  Press(vkTab, 0, u'\t');
+  EXPECT_EQ(memo.Text(), u"ab  z");
+  EXPECT_EQ(memo.CurX(), 4);
+}
+
 TEST_F(MemoTextCommands, CharacterRecordsMergeWhileEditsFollowOn) {
   TInsertCharUndo typed;
   typed.SetUndoData(memo, 0, 0, 0, 0, 1, 0, u"a", false);
