@@ -26,6 +26,12 @@ void TOrlCustomMemo::DeleteSelection(bool bRepaint, bool bUndo, bool bSilent, bo
     SetSelectionSilent(0, 0, 0, 0);
     return;
   }
+  if (s.StartY == s.EndY && s.StartX >= lines.GetLineLength(s.StartY)) {
+    // Only virtual space is selected: there is nothing to take.
+    SetTextCursorValues(s.StartX, s.StartY);
+    ClearSelection(bRepaint);
+    return;
+  }
   // The row left behind inherits the first bookmark of the range and any line mark.
   int bookmark = -1;
   bool bLinemark = false;

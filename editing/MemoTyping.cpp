@@ -68,6 +68,7 @@ int TOrlCustomMemo::InsertChar(char16_t C) {
   }
   const bool bSelection = HasSelection();
   std::unique_ptr<TReplaceUndo> replace;
+  const bool bSavedRefresh = FLetRefresh;
   FLetRefresh = false;
   if (bSelection) {
     replace = std::make_unique<TReplaceUndo>();
@@ -81,7 +82,7 @@ int TOrlCustomMemo::InsertChar(char16_t C) {
   lines.InsertAt(y, text, x0 + 1);
   ClearLineStylesFrom(y);
   RaiseMaxLength(lines.GetLineLength(y));
-  FLetRefresh = true;
+  FLetRefresh = bSavedRefresh;
   SetCurX(x0 + int(text.size()));
   FOldCurX = TextLength(FCurY, FCurX, false, false);
   ClearSelection(false);
