@@ -126,8 +126,14 @@ void TOrlCustomMemo::OverwriteChar(char16_t C) {
   }
   const int x0 = FCurX;
   const char16_t written = C == kLiteralTab ? u'\t' : C;
+  // A cluster (a letter with its marks, a surrogate pair) goes whole, as a
+  // deletion of its own, and the character is inserted in its place: one
+  // character written over half a pair would leave the other half.
+  const int stop = x0 < length ? ClusterStop(y, x0, x0 + 1) : x0;
+  const bool bCluster = stop > x0 + 1;
+  if (bCluster) DeleteInRow(y, x0, std::min(stop, length) - x0, x0, y, false);
   std::unique_ptr<TUndo> record;
-  if (x0 < length) {
+  if (x0 < length && !bCluster) {
     record = std::make_unique<TOverwriteCharUndo>();
     record->FUndoText = std::u16string(1, lines.GetCharAt(y, x0 + 1));
     lines.OverWriteAt(y, std::u16string(1, written), x0 + 1);
