@@ -18,6 +18,13 @@ bool IsClosedFoldHead(const TTextAttribute& row) {
 
 } // namespace
 
+bool TOrlCustomMemo::HasFillerRow(int first, int last) {
+  if (!FTextDiffMode) return false;
+  for (int line = first; line <= last; ++line)
+    if (!InternalLines().ReadLineAttribute(line).Enabled) return true;
+  return false;
+}
+
 std::u16string TOrlCustomMemo::RowsText(int first, int last) {
   TOrlMemoStrings& lines = InternalLines();
   return lines.GetText(first, last, 1, lines.GetLineLength(last), FBinaryMode, true, false);
@@ -35,6 +42,7 @@ void TOrlCustomMemo::DuplicateCurrentLine() {
   const TOrderedSelection s = GetSelection();
   const bool bEndsAtRowStart = s.EndX == 0 && s.EndY > s.StartY;
   const int last = bEndsAtRowStart ? s.EndY - 1 : s.EndY;
+  if (HasFillerRow(s.StartY, last)) return;
   const std::u16string rows = RowsText(s.StartY, last);
   if (bEndsAtRowStart) {
     SetCursor(0, s.EndY, false);
@@ -70,8 +78,7 @@ void TOrlCustomMemo::DeleteLine(int index) {
     FCurX = 0;
   }
   first = GetWrapStartLine(first);
-  for (int line = first; FTextDiffMode && line <= last; ++line)
-    if (!lines.ReadLineAttribute(line).Enabled) return;
+  if (HasFillerRow(first, last)) return;
   const bool bWasHalted = SuspendThread(true);
   auto record = std::make_unique<TDeleteLineUndo>();
   record->SetSelection(*this, FSelStartX, FSelStartY, FSelEndX, FSelEndY);

@@ -686,6 +686,8 @@ private:
   /// Moves the selection's ends and the caret by the characters each row of
   /// the block gained (or lost); ends at column 0 stay.
   void ShiftSelectionColumns(const std::vector<int>& shifts, int firstRow, bool bFullLines);
+  /// In text-diff mode a row of the range only fills a gap of the other side: row commands stop.
+  bool HasFillerRow(int first, int last);
   /// Rows first to last, joined by CR LF.
   std::u16string RowsText(int first, int last);
   /// The comment marks for the caret's place: start, and end for a block pair.
