@@ -96,7 +96,7 @@ void TOrlCustomMemo::AutoCloseBlocks(char16_t ch) {
 }
 
 bool TOrlCustomMemo::EncloseSelection(char16_t AStartChar) {
-  if (FColumnMode || FSyncEdit || FReadOnly || !HasSelection()) return false;
+  if (FColumnMode || FSyncEdit || FReadOnly || FHexView || !HasSelection()) return false;
   static constexpr std::u16string_view kBrackets = u"([{", kBracketEnds = u")]}";
   static constexpr std::u16string_view kQuotes = u"'\"\u2018\u201C", kQuoteEnds = u"'\"\u2019\u201D";
   char16_t end = 0;
