@@ -45,7 +45,7 @@ void Press(TOrlMemo& memo, int key, TShiftState shift) {
 void Step(TOrlMemo& memo, FuzzedDataProvider& in) {
   static constexpr int kKeys[] = {vkLeft, vkRight, vkUp, vkDown, vkHome, vkEnd, vkBack, vkDelete, vkReturn, vkTab, vkInsert};
   const int rows = memo.InternalLines().Count();
-  switch (in.ConsumeIntegralInRange(0, 14)) {
+  switch (in.ConsumeIntegralInRange(0, 17)) {
     case 0: memo.KeyPress(PickChar(in)); break;
     case 1: Press(memo, kKeys[in.ConsumeIntegralInRange<size_t>(0, std::size(kKeys) - 1)],
                   TShiftState(in.ConsumeIntegralInRange(0, 7)));
@@ -71,6 +71,10 @@ void Step(TOrlMemo& memo, FuzzedDataProvider& in) {
       memo.KeyUp(vkMenu, 0);
       break;
     }
+    case 14: memo.InsertTextAtXY(PickText(in, 8), in.ConsumeIntegralInRange(0, 12), in.ConsumeIntegralInRange(0, rows));
+      break;
+    case 15: memo.InsertIndentedText(PickText(in, 8)); break;
+    case 16: memo.FOverwrite = !memo.FOverwrite; break;
     default: memo.UnIndentFromCursor(); break;
   }
 }
