@@ -83,23 +83,25 @@ int TOrlCustomMemo::InsertChar(char16_t C) {
   ClearLineStylesFrom(y);
   RaiseMaxLength(lines.GetLineLength(y));
   FLetRefresh = bSavedRefresh;
-  SetCurX(x0 + int(text.size()));
+  // The record ends behind the text even where the caret snaps past marks that follow it.
+  const int x1 = x0 + int(text.size());
+  SetCurX(x1);
   FOldCurX = TextLength(FCurY, FCurX, false, false);
   ClearSelection(false);
   if (bSelection) {
     const int firstRow = replace->FUndoSelStartY;
-    FillUndo(*replace, x0, y, FCurX, y, text);
+    FillUndo(*replace, x0, y, x1, y, text);
     AddUndo(std::move(replace));
     ClearLineStylesFrom(firstRow - 1);
     LinesChanged(true, false, true);
   } else if (C == u'\t') {
     auto paste = std::make_unique<TPasteUndo>();
-    FillUndo(*paste, x0, y, FCurX, y, u"");
+    FillUndo(*paste, x0, y, x1, y, u"");
     paste->FUnicodeText = text;
     AddUndo(std::move(paste));
   } else {
     auto typed = std::make_unique<TInsertCharUndo>();
-    FillUndo(*typed, x0, y, FCurX, y, text);
+    FillUndo(*typed, x0, y, x1, y, text);
     AddUndo(std::move(typed));
   }
   RowEdited(y);
@@ -146,7 +148,7 @@ void TOrlCustomMemo::OverwriteChar(char16_t C) {
   SetCurX(x0 + 1);
   FOldCurX = TextLength(FCurY, FCurX, false, false);
   std::u16string text = std::move(record->FUndoText);
-  FillUndo(*record, x0, y, FCurX, y, std::move(text));
+  FillUndo(*record, x0, y, x0 + 1, y, std::move(text));
   AddUndo(std::move(record));
   RowEdited(y);
   ClearSelection(true);
