@@ -82,6 +82,7 @@ const std::vector<TProperty>& Properties() {
         Number("NavigationHistoryOffset", &M::FNavigationHistoryOffset, 0),
         Switch("NotepadCursor", &M::FNotepadCursor),
         Switch("Overwrite", &M::FOverwrite),
+        Switch("OverwritePasteMode", &M::FOverwritePasteMode),
         Switch("PasteDoNotMoveCursor", &M::FPasteDoNotMoveCursor),
         Switch("PreserveTab", &M::FPreserveTab),
         Switch("ProcessShortcuts", &M::FProcessShortcuts),

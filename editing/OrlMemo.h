@@ -394,6 +394,13 @@ public:
   void InsertTextAtXY(std::u16string_view AValue, int x, int Y);
   /// Each line after the first starts at the caret's column.
   void InsertIndentedText(std::u16string_view s);
+  /// Paste with the place's indentation (FSmartPaste or bForce): each further
+  /// line starts at the paste's visual column; bReplaceSelVariable puts the
+  /// selected text for "[[sel]]" (or "%sel%"); nCurPos from 0 puts the caret
+  /// at that offset of the inserted text.
+  void SmartPasteText(std::u16string str, bool bInsertAtBOL, bool bForce, int nCurPos, bool bReplaceSelVariable);
+  /// Writes the text over as many characters at the caret as it has.
+  void OverwriteWithString(std::u16string_view s);
   /// Replaces the selection with no undo and no repaint, for undo itself.
   void InsertSelectionSilent(std::u16string_view AValue);
   /// The selected text, lines joined by CR LF.

@@ -200,6 +200,18 @@ TEST_F(MemoTextCommands, APasteOfManyLinesSplitsTheRowOnce) {
   EXPECT_EQ(memo.GetLineText(5), u"next");
 }
 
+TEST_F(MemoTextCommands, ASmartPasteTakesTheSelectionAndPlacesTheCaretInTheText) {
+  memo.SetText(u"    x");
+  memo.SetSelection2(4, 0, 5, 0, false);
+  // Offset 14: the first line (8), its line end (2) and the indentation of the second (4).
+  memo.SmartPasteText(u"if (%sel%) {\r\n\r\n}", false, true, 14, true);
+  EXPECT_EQ(memo.Text(), u"    if (x) {\r\n    \r\n    }");
+  EXPECT_EQ(memo.CurX(), 4);
+  EXPECT_EQ(memo.CurY(), 1);
+  EXPECT_EQ(Newest().Kind(), TUndoKind::Replace);
+  EXPECT_EQ(Newest().FUnicodeText, u"x");
+}
+
 TEST_F(MemoTextCommands, AnAltCodeEndsWithAnyOtherKey) {
   memo.SetText(u"");
   Press(vkNumpad0 + 6, ssAlt);
