@@ -45,7 +45,7 @@ void Press(TOrlMemo& memo, int key, TShiftState shift) {
 void Step(TOrlMemo& memo, FuzzedDataProvider& in) {
   static constexpr int kKeys[] = {vkLeft, vkRight, vkUp, vkDown, vkHome, vkEnd, vkBack, vkDelete, vkReturn, vkTab, vkInsert};
   const int rows = memo.InternalLines().Count();
-  switch (in.ConsumeIntegralInRange(0, 17)) {
+  switch (in.ConsumeIntegralInRange(0, 18)) {
     case 0: memo.KeyPress(PickChar(in)); break;
     case 1: Press(memo, kKeys[in.ConsumeIntegralInRange<size_t>(0, std::size(kKeys) - 1)],
                   TShiftState(in.ConsumeIntegralInRange(0, 7)));
@@ -75,6 +75,13 @@ void Step(TOrlMemo& memo, FuzzedDataProvider& in) {
       break;
     case 15: memo.InsertIndentedText(PickText(in, 8)); break;
     case 16: memo.FOverwrite = !memo.FOverwrite; break;
+    case 17: {
+      std::u16string text = PickText(in, 10) + (in.ConsumeBool() ? u"[[sel]]" : u"") + PickText(in, 4);
+      memo.FOverwritePasteMode = in.ConsumeBool();
+      memo.SmartPasteText(std::move(text), in.ConsumeBool(), in.ConsumeBool(), in.ConsumeIntegralInRange(-1, 30),
+                          in.ConsumeBool());
+      break;
+    }
     default: memo.UnIndentFromCursor(); break;
   }
 }
