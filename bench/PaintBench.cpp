@@ -19,6 +19,7 @@
 #include "view/RecordingCanvas.h"
 #include "widgets/MemoWidget.h"
 #include "widgets/QtMemoCanvas.h"
+#include "BuildPaths.h"
 
 namespace {
 using namespace orl;
@@ -29,7 +30,7 @@ constexpr int kEditLine = 500'000;
 void FillAndStyle(TOrlMemo& memo) {
   TOrlSyntax syntax;
   std::u16string asp;
-  syntax.LoadStyleFromFile(&memo, std::filesystem::path(SYNTAX_DIR "/C++.gdx").u16string(), u"C++", 0, asp);
+  syntax.LoadStyleFromFile(&memo, (orl::test::HostDir() / "syntax" / "C++.gdx").u16string(), u"C++", 0, asp);
   std::u16string text;
   text.reserve(size_t(kLines) * 40);
   for (int i = 0; i < kLines; ++i) text += u"\tint value = 42; /* note */ call(\"s\");\r\n";

@@ -69,7 +69,7 @@ void TOrlCustomMemo::SetCurY(int Value) {
   const int oldRow = FCurY;
   FPreviousCurY = FCurY;
   int row = std::clamp(Value, 0, lines.Count() - 1);
-  if (row != oldRow && !NoVirtualSpace() && !FKeepTrailing && Hooks.RemoveTrailing) Hooks.RemoveTrailing(oldRow);
+  if (row != oldRow && !NoVirtualSpace() && !FKeepTrailing) RemoveTrailing(oldRow);
   while (row > 0 && lines.GetHiddenLine(row)) --row;
   FCurY = row;
   // The view keeps FCaretScrollVDistance - 1 rows beyond the caret in the

@@ -94,7 +94,7 @@ std::u16string TOrlCustomMemo::CutToClipboard() {
   std::u16string text = CopyToClipboard();
   if (text.empty()) return text;
   if (bWholeLine) SelectRealLine(FCurY);
-  if (HasSelection() && Hooks.DeleteSelection) Hooks.DeleteSelection();
+  if (HasSelection()) DeleteSelection(true, true, false, false);
   return text;
 }
 
@@ -118,8 +118,8 @@ void TOrlCustomMemo::PasteFromClipboardHTML() {
 }
 
 void TOrlCustomMemo::PasteClipboardText(std::u16string text, bool bInsertAtBOL) {
-  if (text.empty() || !Hooks.PasteText) return;
-  Hooks.PasteText(text, bInsertAtBOL);
+  if (text.empty()) return;
+  SmartPasteText(std::move(text), bInsertAtBOL, false, -1, false);
 }
 
 } // namespace orl

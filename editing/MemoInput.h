@@ -40,17 +40,6 @@ enum class TMouseButton : uint8_t { mbLeft, mbRight, mbMiddle };
 
 /// Parts of the editor that caret and selection code calls but does not own.
 struct TMemoHooks {
-  // Text commands.
-  std::function<void(char16_t ch)> InsertChar;
-  std::function<void()> InsertTab, EnterPress, DeleteChar, Backspace, DeleteSelection;
-  std::function<void()> DuplicateCurrentLine, DeleteCurrentLine;
-  std::function<void(bool bShift)> IndentSelectedBlock, UnIndentSelectedBlock;
-  std::function<void()> UnIndentFromCursor;
-  /// Smart paste of clipboard text; with bInsertAtBOL at the head of the
-  /// caret's row, the caret keeping its column.
-  std::function<void(std::u16string& text, bool bInsertAtBOL)> PasteText;
-  /// Trailing blanks of a row the caret left; it changes text, so it needs an undo record.
-  std::function<void(int line)> RemoveTrailing;
   // Folding: opens the folds that hide a row an undo goes back to.
   std::function<void(int line)> OpenNodesOnHiddenLine;
   // Snippets: true while an expanded snippet's tab stops are being stepped

@@ -102,7 +102,9 @@ bool TOrlCustomMemo::ShortcutKey(int Key, TShiftState shift) {
       return true;
     case 'L':
       if (!bCtrl || !bEditable) return false;
-      return Run(bShift ? Hooks.DeleteCurrentLine : Hooks.DuplicateCurrentLine);
+      if (bShift) DeleteCurrentLine();
+      else DuplicateCurrentLine();
+      return true;
     default: return false;
   }
 }
@@ -117,11 +119,16 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
       if (mods & ssCtrl) return true;
       if (!bEditable) return true;
       if (mods & ssShift) {
-        if (bMultiRow) return Run(Hooks.UnIndentSelectedBlock, true);
-        return FCurX == 0 || Run(Hooks.UnIndentFromCursor);
+        if (bMultiRow) UnIndentSelectedBlock(true);
+        else if (FCurX > 0) UnIndentFromCursor();
+        return true;
       }
-      if (bMultiRow && !FColumnMode && !FBinaryMode) Run(Hooks.IndentSelectedBlock, true);
-      else Run(Hooks.InsertTab);
+      if (bMultiRow && !FColumnMode && !FBinaryMode) {
+        IndentSelectedBlock(true);
+      } else {
+        CompleteWord();
+        InsertTab();
+      }
       Run(Hooks.RecordMacro, 3, 0);
       return true;
     case vkBack:
@@ -133,13 +140,15 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
       }
       if (!bEditable) return true;
       if ((mods & ssCtrl) && !HasSelection()) {
-        if (!Hooks.DeleteSelection) return true;
         MoveCursor(-1, 0, ssShift | ssCtrl);
-        Hooks.DeleteSelection();
+        DeleteSelection(true, true, false, false);
         return true;
       }
-      if (FDelErase && HasSelection() && Run(Hooks.DeleteSelection)) return true;
-      Run(Hooks.Backspace);
+      if (FDelErase && HasSelection()) {
+        DeleteSelection(true, true, false, false);
+        return true;
+      }
+      Backspace();
       Run(Hooks.RecordMacro, 2, -1);
       return true;
     case vkDelete:
@@ -149,13 +158,15 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
         return true;
       }
       if (mods & ssCtrl) {
-        if (!Hooks.DeleteSelection) return true;
         MoveCursor(1, 0, ssShift | ssCtrl);
-        Hooks.DeleteSelection();
+        DeleteSelection(true, true, false, false);
         return true;
       }
-      if (FDelErase && HasSelection() && Run(Hooks.DeleteSelection)) return true;
-      Run(Hooks.DeleteChar);
+      if (FDelErase && HasSelection()) {
+        DeleteSelection(true, true, false, false);
+        return true;
+      }
+      DeleteChar(-1, -1);
       Run(Hooks.RecordMacro, 2, 1);
       return true;
     case vkInsert:
@@ -177,7 +188,10 @@ bool TOrlCustomMemo::EditingKey(int Key, TShiftState shift) {
       }
       return false;
     case vkReturn:
-      if (bEditable) Run(Hooks.EnterPress);
+      if (bEditable) {
+        CompleteWord();
+        EnterPress();
+      }
       Run(Hooks.RecordMacro, 4, 0);
       return true;
     default: return false;
@@ -189,27 +203,11 @@ void TOrlCustomMemo::KeyDown(int& Key, TShiftState shift) {
   FKeyIsDown = true;
   StopTimer(TMemoTimer::AutoComplete);
   const TShiftState mods = TShiftState(shift & kModifiers);
-  if (mods != ssAlt) FAltCode = 0;
-  if (mods == ssAlt && Key >= vkNumpad0 && Key <= vkNumpad9) {
-    FAltCode = (FAltCode * 10 + (Key - vkNumpad0)) % 0x10000;
+  if (CollectAltCodeDigit(Key, mods)) {
     Key = vkNone;
     return;
   }
   if (ShortcutKey(Key, shift) || EditingKey(Key, shift)) Key = vkNone;
-}
-
-void TOrlCustomMemo::KeyUp(int Key, TShiftState) {
-  FKeyIsDown = false;
-  if (Key != vkMenu || FAltCode == 0) return;
-  const char16_t ch = char16_t(FAltCode);
-  FAltCode = 0;
-  KeyPress(ch);
-}
-
-void TOrlCustomMemo::KeyPress(char16_t ch) {
-  if (ch < 32 || ch == 127) return;  // its key already acted
-  if (FReadOnly || FHexView) return;
-  Run(Hooks.InsertChar, ch);
 }
 
 } // namespace orl

@@ -1,6 +1,7 @@
 // Fonts, the text area and pixel measures of the memo.
 
 #include <algorithm>
+#include <cstring>
 
 #include "editing/OrlMemo.h"
 #include "textstore/OrlUniUtils.h"
@@ -155,7 +156,21 @@ int TOrlCustomMemo::VisibleCellCount(TVisibleCount what) {
 }
 
 bool TOrlCustomMemo::RowIsPlainAnsi(std::u16string_view row) const {
-  return std::all_of(row.begin(), row.end(), [](char16_t ch) { return ch < 256 && ch != u'\t'; });
+  // Typing at the end of a long row asks this on every key, so four
+  // characters are tested at once: a high byte set, or a unit equal to a tab
+  // (a zero lane after the exclusive or).
+  constexpr uint64_t kHighBytes = 0xFF00FF00FF00FF00ull, kTabs = 0x0009000900090009ull;
+  constexpr uint64_t kLaneLow = 0x0001000100010001ull, kLaneTop = 0x8000800080008000ull;
+  size_t i = 0;
+  for (; i + 4 <= row.size(); i += 4) {
+    uint64_t word;
+    std::memcpy(&word, row.data() + i, sizeof word);
+    const uint64_t tabs = word ^ kTabs;
+    if ((word & kHighBytes) || ((tabs - kLaneLow) & ~tabs & kLaneTop)) return false;
+  }
+  for (; i < row.size(); ++i)
+    if (row[i] >= 256 || row[i] == u'\t') return false;
+  return true;
 }
 
 std::u16string_view TOrlCustomMemo::PaddedRow(std::u16string_view row, int upTo) {

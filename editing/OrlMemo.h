@@ -414,6 +414,76 @@ public:
   char16_t CharAtPosX(int x, int y);
   char16_t CharValueAtCursor() { return CharAtPosX(FCurX, FCurY); }
 
+  // ---- Text commands (begin) ----
+  /// Types one character (26 stands for a literal tab); 1 when it replaced a selection.
+  int InsertChar(char16_t C);
+  /// Writes the character over the one at the caret.
+  void OverwriteChar(char16_t C);
+  /// Deletes the character or cluster left of the caret, or joins the row
+  /// with the one above; with FSmartBackspace an indentation level at once.
+  void Backspace();
+  /// Deletes the character or cluster at the caret, or joins the next row;
+  /// (-1, -1) for a plain Delete, else where Backspace started.
+  void DeleteChar(int OldX, int OldY);
+  void DeleteSelection(bool bRepaint, bool bUndo, bool bSilent, bool bMultiDelete);
+  /// Splits the row at the caret with the indentation of its line.
+  void EnterPress();
+  /// A tab, or with FSmartTab blanks up to the next word of the row above.
+  void InsertTab();
+  /// The core of every insertion: the selection (or nothing) at the caret
+  /// becomes AValue. bEnter marks a line break typed by the user.
+  void ReplaceSelectionText(std::u16string_view AValue, bool bEnter, bool bSelectInserted, bool bInsertAtBOL,
+                            bool bKeepCursorInUndo, bool bNoUndo);
+  void InsertText(std::u16string_view AValue, bool bInsertAtBOL);
+  /// Splices text into row Y at column x, with no undo.
+  void InsertTextAtXY(std::u16string_view AValue, int x, int Y);
+  /// Each line after the first starts at the caret's column.
+  void InsertIndentedText(std::u16string_view s);
+  /// Paste with the place's indentation (FSmartPaste or bForce): each further
+  /// line starts at the paste's visual column; bReplaceSelVariable puts the
+  /// selected text for "[[sel]]" (or "%sel%"); nCurPos from 0 puts the caret
+  /// at that offset of the inserted text.
+  void SmartPasteText(std::u16string str, bool bInsertAtBOL, bool bForce, int nCurPos, bool bReplaceSelVariable);
+  /// Writes the text over as many characters at the caret as it has.
+  void OverwriteWithString(std::u16string_view s);
+  /// Replaces the selection with no undo and no repaint, for undo itself.
+  void InsertSelectionSilent(std::u16string_view AValue);
+  /// The selected text, lines joined by CR LF.
+  std::u16string SelectedText();
+  /// Writing the Selection property.
+  void SetSelectionText(std::u16string_view AValue);
+  void IndentSelectedBlock(bool bFullLines);
+  void UnIndentSelectedBlock(bool bFullLines);
+  /// Shift+Tab with no selection: blanks left of the caret, one tab width.
+  void UnIndentFromCursor();
+  /// Comment marks: `value2` empty means a line comment.
+  void CommentBlock(std::u16string_view Value, std::u16string_view value2);
+  void UnCommentBlock(std::u16string_view Value, std::u16string_view value2);
+  void ToggleCommentBlock();
+  bool CanUseBlockComment() const;
+  /// Wraps the selection in the pair the character opens; true when it did.
+  bool EncloseSelection(char16_t AStartChar);
+  bool EncloseSelection(std::u16string_view AStartString);
+  enum TCaseType : uint8_t { ctUpper, ctLower, ctInvert, ctCapitalize };
+  void SelToCase(TCaseType ctype);
+  void DuplicateCurrentLine();
+  void DeleteCurrentLine();
+  /// Row `index`, or below 0 the selection's rows (else the caret's).
+  void DeleteLine(int index);
+  void InsertLine(int line, std::u16string_view Text);
+  /// Trailing blanks of a row edited since the last save.
+  void RemoveTrailing(int line);
+  /// The brace hook: closes a typed bracket or quote, or steps over a closer.
+  bool AutoCloseBraces(char16_t ch);
+  /// The block hook: the end mark after a typed start mark.
+  void AutoCloseBlocks(char16_t ch);
+
+  bool FSmartTab = false, FSmartBackspace = false, FSmartPaste = false;
+  /// Switches of the brace hooks (with and without style set) and of the block hook.
+  bool FAutoCloseBraces = false, FAutoCloseBracesText = false, FAutoCloseBlocks = false, FAutoBlockOnLine = false;
+  bool FOverwritePasteMode = false, FXML = false;
+  // ---- Text commands (end) ----
+
   TMemoHooks Hooks;
   bool FProcessShortcuts = false, FGreedyVerticalScroll = false, FAllowMultiEditMode = false;
   bool FMultiEditMode = false, FHideCaret = false, FReplaceAll = false, FBackSpace = false;
@@ -422,7 +492,8 @@ public:
   bool FDelErase = true;
   bool FSmartHighlight = false, FSmartHighlightWholeWords = true;
   std::u16string FAutoHighlightWordString;
-  int FAltCode = 0;
+  /// Keypad digits typed with Alt held, not yet turned into a character.
+  std::u16string FAltCode;
   int FX = 0, FY = 0;  ///< where the last press or counted move happened
   int FMouseX = 0, FMouseY = 0;  ///< the mouse's last position, for auto-scroll
   int FTimerInterval = 100;
@@ -643,6 +714,64 @@ private:
   void PasteClipboardText(std::u16string text, bool bInsertAtBOL);
   int FScrollRefY = -1;  ///< the row the view must show: the caret's, shifted by the scroll margin
   // ---- Caret, selection, keyboard, mouse and scrolling: helpers (end) ----
+
+  // ---- Text commands: helpers (begin) ----
+  /// Hands the record of an edit to the undo list.
+  void AddUndo(std::unique_ptr<TUndo> record);
+  /// Fills a record's positions from the caret before and after an edit.
+  void FillUndo(TUndo& record, int x0, int y0, int x, int y, std::u16string text);
+  /// A row's text changed: its history steps on and it is redrawn.
+  void RowEdited(int line);
+  /// A piece inserted after `head` with its tabs expanded unless tabs are kept.
+  std::u16string TabsForInsert(std::u16string_view head, std::u16string_view piece) const;
+  /// Writes AValue into the store at (x, y), padding virtual space; FCurX
+  /// takes the column behind it. Returns the row where it ends.
+  int SpliceLines(int x, int y, std::u16string_view AValue, bool bEnter);
+  void DeleteInRow(int line, int x, int count, int x0, int y0, bool bBackspace);
+  void JoinWithNextRow(int line, int x, int x0, int y0, bool bBackspace);
+  /// The column of the nearest row above `line` indented less than visual column vx; 0 for none.
+  int PreviousIndentation(int line, int vx);
+  bool SmartBackspace();
+  /// What typing C inserts at the caret: a tab may become blanks.
+  std::u16string TypedText(char16_t C) const;
+  /// The visual column the smart tab goes to, -1 for none.
+  int SmartTabTarget();
+  /// The indentation Enter carries to the new row.
+  std::u16string AutoIndentText();
+  /// Notes a keypad digit typed with Alt; any other key ends the code.
+  bool CollectAltCodeDigit(int Key, TShiftState mods);
+  /// The text an Alt code's digits stand for; empty for none.
+  static std::u16string AltCodeText(std::u16string_view digits, bool bIsASCII, bool bBinaryMode);
+  /// Rows a block command works on: a selection that ends at column 0 leaves its last row out.
+  struct TBlockRows {
+    int First = 0, Last = 0;
+  };
+  TBlockRows SelectedBlockRows();
+  /// Not a filler row, a continuation row or an empty row.
+  bool BlockRowTakesPart(int line);
+  /// Moves the selection's ends and the caret by the characters each row of
+  /// the block gained (or lost); ends at column 0 stay.
+  void ShiftSelectionColumns(const std::vector<int>& shifts, int firstRow, bool bFullLines);
+  /// In text-diff mode a row of the range only fills a gap of the other side: row commands stop.
+  bool HasFillerRow(int first, int last);
+  /// Rows first to last, joined by CR LF.
+  std::u16string RowsText(int first, int last);
+  /// The comment marks for the caret's place: start, and end for a block pair.
+  bool CommentMarks(std::u16string& start, std::u16string& end, bool& bWholeRows);
+  /// The scan state at the caret, for the hooks that must not act in comments or strings.
+  TStyleProperties StateAtCaret();
+  bool BraceStateAllows();
+  /// What a block comment wraps: the selection, else the row's text without its outer blanks.
+  TOrderedSelection CommentRange();
+  /// Each word's first letter in title case, the others in lower case.
+  std::u16string Capitalized(std::u16string_view text) const;
+  /// Ends a command over a block of rows: the record gets the caret before
+  /// and after and the rows, goes to the undo list, and the rows rescan and repaint.
+  void AddBlockUndo(std::unique_ptr<TUndo> record, int x0, int y0, int firstRow, int lastRow, std::u16string text);
+  /// A blank, Tab or Enter ends the word left of the caret: the host may
+  /// replace it (OnWordComplete).
+  void CompleteWord();
+  // ---- Text commands: helpers (end) ----
 
   void HookStore(TOrlMemoStrings& store);
   /// Rows are pieces of longer lines: soft wrap is on.

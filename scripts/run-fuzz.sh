@@ -19,6 +19,7 @@ declare -A seeds=(
   [definition_fuzz]="data/host/syntax tests/fuzz/seeds/definition"
   [line_store_fuzz]="tests/fuzz/seeds/line_store"
   [tokeniser_fuzz]="tests/fuzz/corpus tests/fuzz/seeds/tokeniser"
+  [memo_commands_fuzz]="tests/fuzz/seeds/memo_commands"
 )
 
 cmake -S . -B "$build" -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DORL_FUZZ=ON \

@@ -14,23 +14,10 @@ using namespace std::string_literals;
 
 class MemoClipboard : public ::testing::Test {
 protected:
-  MemoClipboard() {
-    memo.SetText(u"first line\r\nsecond\r\nthird");
-    memo.Hooks.PasteText = [this](std::u16string& text, bool bInsertAtBOL) {
-      pasted.push_back(text);
-      pastedAtBOL.push_back(bInsertAtBOL);
-    };
-    memo.Hooks.DeleteSelection = [this] {
-      deleted.push_back(memo.GetSelection());
-      memo.ClearSelection(false);
-    };
-  }
+  MemoClipboard() { memo.SetText(u"first line\r\nsecond\r\nthird"); }
 
   THeadlessWindow window;
   TOrlMemo memo{&window};
-  std::vector<std::u16string> pasted;
-  std::vector<bool> pastedAtBOL;
-  std::vector<TOrderedSelection> deleted;
 };
 
 TEST_F(MemoClipboard, AWholeLineTravelsWithItsMarkBesideTheText) {
@@ -40,15 +27,15 @@ TEST_F(MemoClipboard, AWholeLineTravelsWithItsMarkBesideTheText) {
   EXPECT_EQ(window.Clipboard.Text, u"second\r\n");  // no control characters for other programs
   EXPECT_TRUE(window.Clipboard.bWholeLine);
   memo.SetCursor(2, 2, false);
-  memo.PasteFromClipboard(false);
-  EXPECT_EQ(pasted, std::vector<std::u16string>{u"second\r\n"});
-  EXPECT_EQ(pastedAtBOL, std::vector<bool>{true});
+  memo.PasteFromClipboard(false);  // above the caret's row, wherever the caret stands in it
+  EXPECT_EQ(memo.Text(), u"first line\r\nsecond\r\nsecond\r\nthird");
 
   // Text that another program put there is pasted where the caret is.
   window.SetClipboardText(u"other");
+  memo.SetCursor(3, 0, false);
   memo.PasteFromClipboard(true);
-  EXPECT_EQ(pasted.back(), u"other\r\n");
-  EXPECT_FALSE(pastedAtBOL.back());
+  EXPECT_EQ(memo.GetLineText(0), u"firother");
+  EXPECT_EQ(memo.GetLineText(1), u"st line");
 
   // In binary mode a line carries no mark.
   memo.FBinaryMode = true;
@@ -72,32 +59,30 @@ TEST_F(MemoClipboard, CopyTakesTheSelectionElseTheToken) {
 TEST_F(MemoClipboard, CutDeletesTheSelectionOrTheWholeLine) {
   memo.SetSelection2(0, 0, 5, 0, false);
   EXPECT_EQ(memo.CutToClipboard(), u"first");
-  ASSERT_EQ(deleted.size(), 1u);
-  EXPECT_EQ(deleted[0], (TOrderedSelection{0, 0, 5, 0}));
+  EXPECT_EQ(memo.Text(), u" line\r\nsecond\r\nthird");
   memo.FCopyLineToClipboard = true;
   memo.SetCursor(2, 1, false);
   EXPECT_EQ(memo.CutToClipboard(), u"second\r\n");
-  ASSERT_EQ(deleted.size(), 2u);
-  EXPECT_EQ(deleted[1], (TOrderedSelection{0, 1, 0, 2}));  // the line with its end
+  EXPECT_EQ(memo.Text(), u" line\r\nthird");  // the line with its end
   // Without the option and a selection a cut copies the token and deletes nothing.
   memo.FCopyLineToClipboard = false;
   memo.CutToClipboard();
-  EXPECT_EQ(deleted.size(), 2u);
+  EXPECT_EQ(memo.Text(), u" line\r\nthird");
   memo.SetReadOnly(true);
   memo.SetSelection2(0, 0, 5, 0, false);
   EXPECT_EQ(memo.CutToClipboard(), u"");
   memo.PasteFromClipboard(false);
-  EXPECT_EQ(deleted.size(), 2u);
-  EXPECT_TRUE(pasted.empty());
+  EXPECT_EQ(memo.Text(), u" line\r\nthird");
 }
 
 TEST_F(MemoClipboard, HtmlPastesTheFragmentBetweenItsMarks) {
   const auto pasteHtml = [&](std::u16string html) {
     window.Clipboard = {};
     window.Clipboard.Html = std::move(html);
-    pasted.clear();
+    memo.SetText(u"");
+    memo.SetCursor(0, 0, false);
     memo.PasteFromClipboardHTML();
-    return pasted.empty() ? std::u16string(u"<nothing>") : pasted[0];
+    return memo.Text().empty() ? std::u16string(u"<nothing>") : memo.Text();
   };
   const std::u16string head = u"Version:0.9\r\n<html><body>\r\n";
   EXPECT_EQ(pasteHtml(head + u"<!--StartFragment-->\r\n<b>x</b>\r\n<!--EndFragment-->\r\n</body>"), u"<b>x</b>");
@@ -114,7 +99,7 @@ TEST_F(MemoClipboard, AHeldClipboardIsTriedAgainThenReported) {
   window.SetClipboardText(u"text");
   window.ClipboardFailures = 3;
   memo.PasteFromClipboard(false);
-  EXPECT_EQ(pasted, std::vector<std::u16string>{u"text"});
+  EXPECT_EQ(memo.GetLineText(0), u"textfirst line");
   EXPECT_EQ(window.Clock, 100 + 200 + 300);  // after failure n the memo waits n * 100 ms
   EXPECT_TRUE(window.Messages.empty());
 
@@ -122,14 +107,14 @@ TEST_F(MemoClipboard, AHeldClipboardIsTriedAgainThenReported) {
   window.ClipboardAccesses = 0;
   window.ClipboardFailures = 100;
   memo.PasteFromClipboard(false);
-  EXPECT_EQ(pasted.size(), 1u);
+  EXPECT_EQ(memo.GetLineText(0), u"textfirst line");
   EXPECT_EQ(window.ClipboardAccesses, 8);
   EXPECT_EQ(window.Clock, 2800);  // 100 + 200 + ... + 700, no wait after the eighth
   EXPECT_EQ(window.Messages, std::vector<std::u16string>{u"Cannot access the clipboard!"});
 
   // A copy that can't get the clipboard leaves it alone.
   memo.SetSelection2(0, 0, 5, 0, false);
-  EXPECT_EQ(memo.CopyToClipboard(), u"first");
+  EXPECT_EQ(memo.CopyToClipboard(), u"textf");
   EXPECT_EQ(window.Clipboard.Text, u"text");
   EXPECT_EQ(window.Messages.size(), 2u);
 }
@@ -146,9 +131,9 @@ TEST_F(MemoClipboard, AHostMayKeepItsOwnClipboard) {
   memo.CopyToClipboard();
   EXPECT_EQ(hostClipboard, u"first line\r\n");
   EXPECT_EQ(window.Clipboard.Text, u"system");
-  memo.PasteFromClipboard(false);
-  EXPECT_EQ(pasted, std::vector<std::u16string>{u"first line\r\n"});
-  EXPECT_EQ(pastedAtBOL, std::vector<bool>{false});  // the mark stays with the system's clipboard
+  memo.SetCursor(3, 1, false);
+  memo.PasteFromClipboard(false);  // the mark stays with the system's clipboard: pasted at the caret
+  EXPECT_EQ(memo.Text(), u"first line\r\nsecfirst line\r\nond\r\nthird");
   EXPECT_EQ(window.ClipboardAccesses, 0);
 }
 

@@ -13,6 +13,7 @@
 #include "syntax/OrlSyntax.h"
 #include "view/MemoPainter.h"
 #include "view/RecordingCanvas.h"
+#include "BuildPaths.h"
 
 namespace orl::test {
 
@@ -27,7 +28,7 @@ protected:
   void LoadCpp() {
     TOrlSyntax syntax;
     std::u16string asp;
-    syntax.LoadStyleFromFile(&memo, std::filesystem::path(SYNTAX_DIR "/C++.gdx").u16string(), u"C++", 0, asp);
+    syntax.LoadStyleFromFile(&memo, (orl::test::HostDir() / "syntax" / "C++.gdx").u16string(), u"C++", 0, asp);
     ASSERT_NE(memo.FStyles, nullptr);
   }
   /// Loads a definition written from `gdx` (sections, lines joined by "\n").

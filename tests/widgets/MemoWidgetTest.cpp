@@ -111,28 +111,30 @@ TEST(MemoWidget, KeysActOnceAndAltGrAndTheInputMethodType) {
   widget.resize(300, 200);
   TOrlMemo& memo = widget.Memo();
   memo.SetText(u"first\r\nsecond");
-  std::u16string typed;
-  int tabs = 0, pastes = 0;
-  memo.Hooks.InsertChar = [&](char16_t ch) { typed.push_back(ch); };
-  memo.Hooks.InsertTab = [&] { ++tabs; };
-  memo.Hooks.PasteText = [&](std::u16string&, bool) { ++pastes; };
-  widget.SetClipboardText(u"x");
+  memo.FTabAsSpaces = false;
+  widget.SetClipboardText(u"P");
   memo.FProcessShortcuts = true;
   SendKey(widget, Qt::Key_Down, Qt::NoModifier);
   SendKey(widget, Qt::Key_Right, Qt::ShiftModifier);
   EXPECT_EQ(memo.CurY(), 1);
   EXPECT_EQ(memo.GetSelection(), (TOrderedSelection{0, 1, 1, 1}));
-  SendKey(widget, Qt::Key_Tab, Qt::NoModifier, "\t");
+  SendKey(widget, Qt::Key_Tab, Qt::NoModifier, "\t");  // replaces the selected "s"
   SendKey(widget, Qt::Key_V, Qt::ControlModifier, QString(QChar(22)));
   SendKey(widget, Qt::Key_Q, Qt::ControlModifier | Qt::AltModifier, "@");  // AltGr
   SendKey(widget, Qt::Key_X, Qt::AltModifier, "x");                        // Alt alone types nothing
-  EXPECT_EQ(tabs, 1);
-  EXPECT_EQ(pastes, 1);
-  EXPECT_EQ(typed, u"@");
+  EXPECT_EQ(memo.GetLineText(1), u"\tP@econd");  // Ctrl+V pasted once
   QInputMethodEvent compose;
   compose.setCommitString(QString::fromUtf16(u"\u65E5\u672C"));
   QApplication::sendEvent(&widget, &compose);
-  EXPECT_EQ(typed, u"@\u65E5\u672C");
+  EXPECT_EQ(memo.GetLineText(1), u"\tP@\u65E5\u672Cecond");
+  // An Alt code: keypad digits while Alt is held, the character when Alt goes up.
+  QKeyEvent altDown(QEvent::KeyPress, Qt::Key_Alt, Qt::AltModifier);
+  QApplication::sendEvent(&widget, &altDown);
+  for (const Qt::Key digit : {Qt::Key_1, Qt::Key_3, Qt::Key_0})
+    SendKey(widget, digit, Qt::AltModifier | Qt::KeypadModifier, QString(QChar(char16_t(u'0' + (digit - Qt::Key_0)))));
+  QKeyEvent altUp(QEvent::KeyRelease, Qt::Key_Alt, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &altUp);
+  EXPECT_EQ(memo.GetLineText(1), u"\tP@\u65E5\u672C\u00E9econd");
 }
 
 TEST(MemoWidget, DoubleClickSelectsAWordAndTheWheelScrollsBySystemLines) {
@@ -170,15 +172,8 @@ TEST(MemoWidget, CopyGivesCleanTextAndMarksAWholeLineInItsOwnType) {
   ASSERT_NE(mime, nullptr);
   EXPECT_EQ(mime->text(), QString("two\r\n"));
   EXPECT_TRUE(mime->hasFormat(TOrlMemoWidget::kWholeLineMimeType));
-  std::u16string pasted;
-  bool bAtLineStart = false;
-  memo.Hooks.PasteText = [&](std::u16string& text, bool bInsertAtBOL) {
-    pasted = text;
-    bAtLineStart = bInsertAtBOL;
-  };
-  memo.PasteFromClipboard(false);
-  EXPECT_EQ(pasted, u"two\r\n");
-  EXPECT_TRUE(bAtLineStart);
+  memo.PasteFromClipboard(false);  // the mark came back: above the caret's row
+  EXPECT_EQ(memo.Text(), u"one\r\ntwo\r\ntwo");
 
   // A selection is plain text; HTML that another program copied is read too.
   memo.SetSelection2(0, 0, 2, 0, false);
@@ -188,8 +183,8 @@ TEST(MemoWidget, CopyGivesCleanTextAndMarksAWholeLineInItsOwnType) {
   auto* html = new QMimeData;
   html->setHtml("<html><body><!--StartFragment--><em>e</em><!--EndFragment--></body></html>");
   QGuiApplication::clipboard()->setMimeData(html);
-  memo.PasteFromClipboardHTML();
-  EXPECT_EQ(pasted, u"<em>e</em>");
+  memo.PasteFromClipboardHTML();  // over the selected "on"
+  EXPECT_EQ(memo.GetLineText(0), u"<em>e</em>e");
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 // Each script line is one command; what it prints is a contract that later
 // commands extend and never change.
 
-#include <charconv>
 #include <cctype>
 #include <iostream>
 #include <map>
@@ -14,6 +13,7 @@
 #include "Console.h"
 #include "MemoPaintPrint.h"
 #include "MemoScript.h"
+#include "MemoTextCommands.h"
 #include "editing/HeadlessWindow.h"
 #include "editing/MemoProperties.h"
 #include "editing/OrlMemo.h"
@@ -41,6 +41,14 @@ const char* const kMemoHelp =
     "                             Tab Enter Backspace Delete Insert Escape Space F1..F12,\n"
     "                             letters and digits, with Shift+ Ctrl+ Alt+ prefixes\n"
     "  type \"...\"                 type each character\n"
+    "  alt DIGITS                 type DIGITS on the keypad with Alt held, then let Alt go\n"
+    "  command NAME [ARG...]      run a memo routine that no key reaches:\n"
+    "                             ToggleCommentBlock, CommentBlock \"START\" [\"END\"],\n"
+    "                             UnCommentBlock \"START\" [\"END\"], DeleteLine [INDEX],\n"
+    "                             SelToCase upper|lower|invert|capitalize, RemoveTrailing [LINE],\n"
+    "                             IndentSelectedBlock [full], UnIndentSelectedBlock [full],\n"
+    "                             DuplicateCurrentLine, InsertLine LINE \"TEXT\",\n"
+    "                             InsertText \"TEXT\" [bol], and others (see the README)\n"
     "  mouse down|move|up COL ROW [left|right|middle] [shift] [ctrl] [alt]\n"
     "  dblclick COL ROW           a double click; tripleclick COL ROW a triple one\n"
     "                             (cells of the text area, 0-based, may lie outside)\n"
@@ -52,7 +60,7 @@ const char* const kMemoHelp =
     "  clip set \"...\" [line]      put text on the clipboard; line marks it as a\n"
     "                             whole line, as a copy with no selection does\n"
     "  clip print                 print the clipboard: clip \"...\" [line]\n"
-    "  print state|text|rows|options\n"
+    "  print state|text|rows|options|undo\n"
     "  setline ROW \"...\"         replace one row's text as an edit of it\n"
     "  print paint [ROW-ROW]      paint the view; per screen row one JSON object with\n"
     "                             its runs: {\"row\":R,\"line\":L,\"runs\":[{\"text\":...,\n"
@@ -66,8 +74,8 @@ const char* const kMemoHelp =
     "When the script prints nothing, the state is printed once at the end.\n"
     "The memo starts as a host creates it: ProcessShortcuts is off, so Home, End,\n"
     "Page Up/Down and Ctrl shortcuts do nothing until 'set ProcessShortcuts=1'.\n"
-    "Typing, Tab, Enter and the deleting keys reach the text commands, which come\n"
-    "with a later version; until then they leave the text as it is.\n"
+    "print undo lists the undo records, oldest first, one a line: the class, the\n"
+    "text it keeps, then the caret before and after (\"from X0 Y0 to X Y\").\n"
     "\n"
     "Exit status: 0 fine, 1 a file could not be read, 2 bad arguments or a bad\n"
     "script line (named with its number).\n";
@@ -176,7 +184,6 @@ public:
   void PrintState();
 
 private:
-  static int Int(const TScriptWord& word);
   void Need(const std::vector<TScriptWord>& words, size_t count, const char* usage);
   void Keys(const std::vector<TScriptWord>& words);
   void Press(const TKeyStroke& stroke);
@@ -194,15 +201,6 @@ private:
   bool FPrinted = false;
 };
 
-int TMemoDriver::Int(const TScriptWord& word) {
-  const std::string text = Out(word.Text);
-  int value = 0;
-  const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (word.bQuoted || ec != std::errc() || end != text.data() + text.size())
-    throw EScriptError("'" + text + "' is no number");
-  return value;
-}
-
 void TMemoDriver::Need(const std::vector<TScriptWord>& words, size_t count, const char* usage) {
   if (words.size() != count) throw EScriptError(std::string("usage: ") + usage);
 }
@@ -216,20 +214,25 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     FMemo.SetText(words[1].Text);
   } else if (command == "caret") {
     Need(words, 3, "caret X Y");
-    FMemo.SetTextCursor(Int(words[1]), Int(words[2]), true);
+    FMemo.SetTextCursor(ScriptNumber(words[1]), ScriptNumber(words[2]), true);
     FMemo.FOldCurX = FMemo.TextLength(FMemo.CurY(), FMemo.CurX(), false, false);
   } else if (command == "caret!") {
     Need(words, 3, "caret! X Y");
-    const int x = Int(words[1]), y = Int(words[2]);
+    const int x = ScriptNumber(words[1]), y = ScriptNumber(words[2]);
     // The fields take what they are given, so only a place inside the text is given to them.
     if (x < 0 || y < 0 || y >= FMemo.InternalLines().Count())
       throw EScriptError("caret! needs a row of the text and a column from 0");
     FMemo.SetTextCursorValues(x, y);
   } else if (command == "sel") {
     Need(words, 5, "sel SX SY EX EY");
-    FMemo.SetSelection2(Int(words[1]), Int(words[2]), Int(words[3]), Int(words[4]), true);
+    FMemo.SetSelection2(ScriptNumber(words[1]), ScriptNumber(words[2]), ScriptNumber(words[3]), ScriptNumber(words[4]), true);
   } else if (command == "keys") {
     Keys(words);
+  } else if (command == "alt") {
+    Need(words, 2, "alt DIGITS");
+    TypeAltCode(FMemo, words[1].Text);
+  } else if (command == "command") {
+    RunTextCommand(FMemo, words);
   } else if (command == "type") {
     Need(words, 2, "type \"...\"");
     Type(words[1].Text);
@@ -237,10 +240,10 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     Mouse(words);
   } else if (command == "wheel") {
     Need(words, 2, "wheel N");
-    FMemo.MouseWheel(0, Int(words[1]), 3);
+    FMemo.MouseWheel(0, ScriptNumber(words[1]), 3);
   } else if (command == "tick") {
     Need(words, 2, "tick MS");
-    const int ms = Int(words[1]);
+    const int ms = ScriptNumber(words[1]);
     if (ms < 0 || ms > 3'600'000) throw EScriptError("tick takes 0 to 3600000 ms");
     FWindow.Advance(ms);
   } else if (command == "set") {
@@ -261,11 +264,11 @@ void TMemoDriver::Run(const std::vector<TScriptWord>& words) {
     Clip(words);
   } else if (command == "setline") {
     Need(words, 3, "setline ROW \"...\"");
-    FMemo.SetLineText(Int(words[1]), words[2].Text);
+    FMemo.SetLineText(ScriptNumber(words[1]), words[2].Text);
   } else if (command == "print" && words.size() >= 2 && Out(words[1].Text) == "paint") {
     PaintRows(words);
   } else if (command == "print") {
-    Need(words, 2, "print state|text|rows|options");
+    Need(words, 2, "print state|text|rows|options|undo");
     Print(Out(words[1].Text));
   } else {
     throw EScriptError("unknown command '" + command + "'");
@@ -313,7 +316,7 @@ void TMemoDriver::Mouse(const std::vector<TScriptWord>& words) {
   const std::string command = Out(words[0].Text);
   if (command != "mouse") {
     Need(words, 3, (command + " COL ROW").c_str());
-    const TPoint p = CellToPixel(Int(words[1]), Int(words[2]));
+    const TPoint p = CellToPixel(ScriptNumber(words[1]), ScriptNumber(words[2]));
     Click(p, 0);
     FMemo.DblClick(0, p.X, p.Y);
     FMemo.MouseUp(TMouseButton::mbLeft, 0, p.X, p.Y);
@@ -323,7 +326,7 @@ void TMemoDriver::Mouse(const std::vector<TScriptWord>& words) {
   if (words.size() < 4)
     throw EScriptError("usage: mouse down|move|up COL ROW [left|right|middle] [shift] [ctrl] [alt]");
   const std::string action = Out(words[1].Text);
-  const TPoint p = CellToPixel(Int(words[2]), Int(words[3]));
+  const TPoint p = CellToPixel(ScriptNumber(words[2]), ScriptNumber(words[3]));
   TMouseButton button = TMouseButton::mbLeft;
   TShiftState shift = 0;
   for (size_t i = 4; i < words.size(); ++i) {
@@ -380,10 +383,12 @@ void TMemoDriver::Print(const std::string& what) {
       if (lines.GetHiddenLine(i)) FOut << " H";
       FOut << "\n";
     }
+  } else if (what == "undo") {
+    PrintUndoRecords(FMemo, FOut);
   } else if (what == "options") {
     for (const auto& [name, value] : MemoPropertyValues(FMemo)) FOut << name << "=" << value << "\n";
   } else {
-    throw EScriptError("print takes state, text, rows or options");
+    throw EScriptError("print takes state, text, rows, options or undo");
   }
 }
 
@@ -394,8 +399,8 @@ void TMemoDriver::PaintRows(const std::vector<TScriptWord>& words) {
     const std::string range = Out(words[2].Text);
     const size_t dash = range.find('-');
     if (dash == std::string::npos) throw EScriptError("print paint takes a range ROW-ROW");
-    first = Int({Utf8ToUtf16(range.substr(0, dash)), false});
-    last = Int({Utf8ToUtf16(range.substr(dash + 1)), false});
+    first = ScriptNumber({Utf8ToUtf16(range.substr(0, dash)), false});
+    last = ScriptNumber({Utf8ToUtf16(range.substr(dash + 1)), false});
     if (first < 0 || last < first) throw EScriptError("print paint takes rows from 0, the first not above the last");
   }
   FPrinted = true;

@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "Console.h"
 #include "platform/CodePages.h"
 
 namespace gdtool {
@@ -87,6 +88,15 @@ std::vector<TScriptWord> SplitScriptLine(std::string_view line) {
     }
   }
   return words;
+}
+
+int ScriptNumber(const TScriptWord& word) {
+  const std::string text = Out(word.Text);
+  int value = 0;
+  const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (word.bQuoted || ec != std::errc() || end != text.data() + text.size())
+    throw EScriptError("'" + text + "' is no number");
+  return value;
 }
 
 } // namespace gdtool

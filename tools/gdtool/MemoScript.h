@@ -21,6 +21,9 @@ public:
   using std::runtime_error::runtime_error;
 };
 
+/// A bare word as a whole number. Raises EScriptError.
+int ScriptNumber(const TScriptWord& word);
+
 /// Splits a UTF-8 script line into words. Raises EScriptError.
 std::vector<TScriptWord> SplitScriptLine(std::string_view line);
 
