@@ -1,9 +1,9 @@
 // Fonts, the text area and pixel measures of the memo.
 
 #include <algorithm>
-#include <cstring>
 
 #include "editing/OrlMemo.h"
+#include "textstore/SharedWideString.h"
 #include "textstore/OrlUniUtils.h"
 
 namespace orl {
@@ -155,23 +155,7 @@ int TOrlCustomMemo::VisibleCellCount(TVisibleCount what) {
   return 0;
 }
 
-bool TOrlCustomMemo::RowIsPlainAnsi(std::u16string_view row) const {
-  // Typing at the end of a long row asks this on every key, so four
-  // characters are tested at once: a high byte set, or a unit equal to a tab
-  // (a zero lane after the exclusive or).
-  constexpr uint64_t kHighBytes = 0xFF00FF00FF00FF00ull, kTabs = 0x0009000900090009ull;
-  constexpr uint64_t kLaneLow = 0x0001000100010001ull, kLaneTop = 0x8000800080008000ull;
-  size_t i = 0;
-  for (; i + 4 <= row.size(); i += 4) {
-    uint64_t word;
-    std::memcpy(&word, row.data() + i, sizeof word);
-    const uint64_t tabs = word ^ kTabs;
-    if ((word & kHighBytes) || ((tabs - kLaneLow) & ~tabs & kLaneTop)) return false;
-  }
-  for (; i < row.size(); ++i)
-    if (row[i] >= 256 || row[i] == u'\t') return false;
-  return true;
-}
+bool TOrlCustomMemo::RowIsPlainAnsi(std::u16string_view row) const { return SimpleCellRun(row) == row.size(); }
 
 std::u16string_view TOrlCustomMemo::PaddedRow(std::u16string_view row, int upTo) {
   FBuffer.assign(row);
@@ -192,9 +176,11 @@ int TOrlCustomMemo::TextLength(int ALine, int CharX, bool bPrinter, bool bDocume
   const int cell = bDocumentMap ? FDocumentMapInfo.CharWidth : FCellSize.W;
   const std::u16string_view row = lines.GetLineString(ALine);
   if (row.empty() || FBinaryMode) return CharX * cell;
-  if (FMonospacedFont && !FUseRTL && RowIsPlainAnsi(row)) {
+  // Only the characters before CharX decide where it stands; the row
+  // remembers how far it is simple, so typing at its end costs no count.
+  const int inRow = std::min(CharX, int(row.size()));
+  if (FMonospacedFont && !FUseRTL && lines.SimpleCellPrefix(ALine, size_t(inRow)) == size_t(inRow)) {
     if (!bDocumentMap && !bPrinter) return CharX * cell;
-    const int inRow = std::min(CharX, int(row.size()));
     return FWindow->TextExtent(FMeasureFont, row.substr(0, size_t(inRow))) + (CharX - inRow) * cell;
   }
   return MeasureComplex(row, CharX);

@@ -57,6 +57,10 @@ std::u16string_view TOrlMemoStrings::GetLineString(int index) const {
   return ValidIndex(index) ? Item(index).FString.View() : std::u16string_view();
 }
 
+size_t TOrlMemoStrings::SimpleCellPrefix(int index, size_t limit) const {
+  return ValidIndex(index) ? Item(index).FString.SimpleCellPrefix(limit) : 0;
+}
+
 int TOrlMemoStrings::GetLineLength(int Index) const { return int(GetLineString(Index).size()); }
 
 char16_t TOrlMemoStrings::GetCharAt(int line, int index) const {

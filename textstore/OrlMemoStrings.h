@@ -159,6 +159,9 @@ public:
   std::u16string Get(int Index) const override;
   /// The row's text, valid until the row changes; "" for a bad index.
   std::u16string_view GetLineString(int index) const;
+  /// How many of row `index`'s first `limit` characters take one cell each
+  /// in a monospaced font (see TSharedWideString::SimpleCellPrefix).
+  size_t SimpleCellPrefix(int index, size_t limit) const;
   int GetLineLength(int Index) const;
   /// 1-based; character 0 outside the row.
   char16_t GetCharAt(int line, int index) const;

@@ -19,6 +19,9 @@
 
 namespace orl {
 
+/// The length of the leading run of characters below U+0100 other than tab.
+size_t SimpleCellRun(std::u16string_view text);
+
 class TSharedWideString {
 public:
   TSharedWideString() = default;
@@ -54,6 +57,13 @@ public:
   /// Bytes taken for this text, header included (for memory figures).
   size_t AllocatedBytes() const;
 
+  /// How many of the first `limit` characters are simple: below U+0100 and
+  /// not a tab, so each takes one cell of a monospaced font. What was counted
+  /// is remembered with the text, and edits keep what they can of it, so that
+  /// measuring the caret at the end of a long row being typed does not count
+  /// the row again at every key.
+  size_t SimpleCellPrefix(size_t limit) const;
+
 private:
   friend class TWideStringArena;
 
@@ -63,12 +73,15 @@ private:
     std::atomic<uint32_t> FRefCount;
     uint32_t FLength;
     uint32_t FCapacity;  // with kInArena
+    // The leading characters known to be simple (see SimpleCellPrefix); only
+    // the main thread counts, but a rep may be read by the analysis thread.
+    mutable std::atomic<uint32_t> FSimplePrefix;
     uint32_t Capacity() const { return FCapacity & ~kInArena; }
     bool InArena() const { return FCapacity & kInArena; }
     char16_t* Chars() { return reinterpret_cast<char16_t*>(this + 1); }
     const char16_t* Chars() const { return reinterpret_cast<const char16_t*>(this + 1); }
   };
-  static_assert(sizeof(TRep) == 12 && alignof(TRep) >= alignof(char16_t));
+  static_assert(sizeof(TRep) == 16 && alignof(TRep) >= alignof(char16_t));
 
   /// Adopts a rep whose one reference the new handle takes over.
   explicit TSharedWideString(TRep* rep) : FRep(rep) {}
@@ -81,6 +94,8 @@ private:
   bool Holds(std::u16string_view s) const;
   /// The text with `erased` characters at `pos` replaced by `text`.
   void Splice(size_t pos, size_t erased, std::u16string_view text);
+  /// The simple prefix that survives replacing `erased` characters at `pos` by `text`.
+  size_t SimplePrefixAfterSplice(size_t pos, size_t erased, std::u16string_view text) const;
 
   void Acquire() {
     if (FRep) FRep->FRefCount.fetch_add(1, std::memory_order_relaxed);

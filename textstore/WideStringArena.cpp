@@ -79,7 +79,7 @@ TSharedWideString TWideStringArena::Make(std::u16string_view s) {
   FUsed += bytes;
   ++FCut;
   const auto length = uint32_t(s.size());
-  TRep* rep = new (place) TRep{{1}, length, length | TRep::kInArena};
+  TRep* rep = new (place) TRep{{1}, length, length | TRep::kInArena, {0}};
   std::memcpy(rep->Chars(), s.data(), s.size() * sizeof(char16_t));
   return TSharedWideString(rep);
 }

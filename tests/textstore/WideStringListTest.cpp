@@ -88,6 +88,55 @@ TEST(SharedWideString, HeldCopiesKeepTheirTextWhileTheRowIsEdited) {
   EXPECT_EQ(loaded.View(), u"loaded!");
 }
 
+// The remembered count of simple leading characters must follow every kind
+// of edit, in place and into a new rep, and never claim more than is there.
+TEST(SharedWideString, TheSimplePrefixFollowsEveryEdit) {
+  std::mt19937 random(7);
+  const std::u16string alphabet = u"abcdefgh \u00E9\t\u0140";
+  const auto randomText = [&](size_t length) {
+    std::u16string text;
+    for (size_t i = 0; i < length; ++i) text += alphabet[random() % alphabet.size()];
+    return text;
+  };
+  const auto counted = [](std::u16string_view text, size_t limit) {
+    size_t n = 0;
+    while (n < std::min(limit, text.size()) && text[n] < 256 && text[n] != u'\t') ++n;
+    return n;
+  };
+  TSharedWideString row(u"plain start");
+  std::u16string model = u"plain start";
+  for (int step = 0; step < 5000; ++step) {
+    const size_t pos = model.empty() ? 0 : random() % (model.size() + 1);
+    // Mostly simple text, so that long simple prefixes build up.
+    std::u16string text = random() % 4 ? std::u16string(random() % 5, u'x') : randomText(random() % 3);
+    switch (random() % 4) {
+      case 0: row.Insert(pos, text); model.insert(pos, text); break;
+      case 1: {
+        const size_t count = std::min<size_t>(random() % 4, model.size() - pos);
+        row.Erase(pos, count);
+        model.erase(pos, count);
+        break;
+      }
+      case 2: {
+        row.Overwrite(pos, text);
+        model.replace(pos, std::min(text.size(), model.size() - pos), text);
+        break;
+      }
+      default: {
+        const TSharedWideString held = row;  // a shared rep: the edit builds a new one
+        row.Insert(model.size(), text);
+        model += text;
+        EXPECT_EQ(held.size() + text.size(), row.size());
+      }
+    }
+    ASSERT_EQ(row.View(), model);
+    const size_t limit = random() % (model.size() + 2);
+    ASSERT_EQ(row.SimpleCellPrefix(limit), counted(model, limit)) << "step " << step;
+  }
+  EXPECT_EQ(SimpleCellRun(u"ab\u00FFcd\tx"), 5u);
+  EXPECT_EQ(SimpleCellRun(u"\u0100"), 0u);
+}
+
 TEST(WideStringList, SortedListsPlaceFindAndGuardTheirOrder) {
   TElWideStringList list;
   list.SetSorted(true);
